@@ -10,10 +10,9 @@
  */
 #pragma once
 
+#include <hardware/camera3.h>
 #include <stddef.h>
 #include <stdint.h>
-
-#include <hardware/camera3.h>
 #include <system/camera_metadata.h>
 
 #ifdef __cplusplus

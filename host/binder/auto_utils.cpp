@@ -1,0 +1,20 @@
+/*
+ * Out-of-line part of <android/binder_auto_utils.h>.
+ */
+#include <android/binder_auto_utils.h>
+#include <errno.h>
+#include <string.h>
+#include <syslog.h>
+#include <unistd.h>
+
+namespace ndk::internal {
+
+void closeWithError(int fd) {
+    if (fd == -1) return;
+    int ret = close(fd);
+    if (ret != 0) {
+        syslog(LOG_ERR, "Could not close FD %d: %s", fd, strerror(errno));
+    }
+}
+
+}  // namespace ndk::internal

@@ -1,0 +1,50 @@
+/*
+ * Test controls of the host binder (libbinder_ndk stand-in). Host tests only; the library never
+ * includes this header.
+ */
+#pragma once
+
+#include <android/binder_ibinder.h>
+#include <android/binder_status.h>
+#include <stddef.h>
+
+namespace ndk::host {
+
+/*
+ * Makes a binder look as if it lived in another process: AIBinder_isRemote returns true,
+ * AIBinder_getUserData null, and death links can be made on it. Calls made through
+ * ndk::ICInterface::asInterface still reach the implementation object in this process.
+ */
+void setRemote(AIBinder* binder, bool remote);
+
+/*
+ * Kills the binder as if its process had died: it is dead from now on (AIBinder_isAlive false,
+ * AIBinder_ping and links fail with STATUS_DEAD_OBJECT), and every death link on it is removed and
+ * reported, in link order, with onBinderDied(cookie) followed by onUnlinked(cookie) if set.
+ * The callbacks run on the calling thread with no lock of the binder held. The caller must hold a
+ * reference to the binder; a callback may drop it.
+ */
+void kill(AIBinder* binder);
+
+/* The next AServiceManager_add* call registers nothing and returns exception (EX_NONE clears). */
+void failNextAddService(binder_exception_t exception);
+
+/*
+ * The next AIBinder_linkToDeath call with non-null arguments links nothing and returns status
+ * (STATUS_OK clears); its onUnlinked(cookie) runs before it returns, as for any failed link.
+ */
+void failNextLinkToDeath(binder_status_t status);
+
+/* Drops every service registration (releasing its reference) and a pending failNextAddService. */
+void resetServiceManager();
+
+/* Binders created and not yet destroyed (strong references remain), for leak checks. */
+size_t liveBinderCount();
+
+/* Live death links on the binder. */
+size_t linkCount(AIBinder* binder);
+
+/* Death recipients created and not yet deleted. */
+size_t deathRecipientCount();
+
+}  // namespace ndk::host

@@ -1,0 +1,19 @@
+/*
+ * Host-only control of the camera metadata stand-in.
+ */
+#pragma once
+
+namespace android::hostmetadata {
+
+#include <stddef.h>
+#include <stdint.h>
+
+/*
+ * The next `count` calls of allocate_camera_metadata() with these capacities fail and return
+ * null; SIZE_MAX matches any capacity.
+ */
+__attribute__((visibility("default"))) void failNextAllocations(int count,
+                                                                size_t entryCapacity = SIZE_MAX,
+                                                                size_t dataCapacity = SIZE_MAX);
+
+}  // namespace android::hostmetadata

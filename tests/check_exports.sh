@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Checks the dynamic symbols that the library defines: the registration entry and the members of
+# OfflineCameraService, nothing else of its own.
+set -euo pipefail
+lib="$1"
+nm=${NM:-nm}
+defined=$("$nm" -D --defined-only "$lib" | awk '{print $3}' | grep -v '^_init$\|^_fini$' || true)
+status=0
+if ! grep -qx 'RegisterOfflineCameraAIDLService' <<<"$defined"; then
+    echo "missing export: RegisterOfflineCameraAIDLService"
+    status=1
+fi
+for member in GetInstance Initialize GetOfflineStaticCaps RegisterConsumerClient \
+        unRegisterConsumerClient RegisterProducerClient UnRegisterProducerClient; do
+    if ! grep -q "^_ZN20OfflineCameraService[0-9]*${member}E" <<<"$defined"; then
+        echo "missing export: OfflineCameraService::${member}"
+        status=1
+    fi
+done
+# The service implementation is internal.
+internal=$(grep '14implementation\|24OfflineCameraAIDLService' <<<"$defined" || true)
+if [ -n "$internal" ]; then
+    echo "internal classes exported:"
+    echo "$internal" | c++filt
+    status=1
+fi
+# Everything else the library defines must stay hidden. Template instantiations and typeinfo
+# of platform types that the compiler emits as weak symbols of their own libraries are allowed.
+unexpected=$(grep -v '^RegisterOfflineCameraAIDLService$' <<<"$defined" \
+    | grep -v '^_ZN20OfflineCameraService' \
+    | grep -v '^_ZN4aidl' | grep -v '^_ZN3ndk' | grep -v '^_ZNSt' | grep -v '^_ZNKSt' \
+    | grep -v '^_ZZNSt' \
+    | grep -v '^_ZT[ISV]N3ndk\|^_ZT[ISV]N4aidl\|^_ZT[ISV]St' || true)
+if [ -n "$unexpected" ]; then
+    echo "unexpected exports:"
+    echo "$unexpected" | c++filt
+    status=1
+fi
+[ $status -eq 0 ] && echo "exports ok"
+exit $status

@@ -1,0 +1,386 @@
+// Packed camera metadata: sizes, entries, copies and validation of untrusted buffers.
+#include <android/log.h>
+#include <gtest/gtest.h>
+#include <string.h>
+#include <system/camera_metadata.h>
+#include <system/graphics.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "NativeTestSupport.h"
+
+namespace {
+
+struct MetadataDeleter {
+    void operator()(camera_metadata_t* metadata) const { free_camera_metadata(metadata); }
+};
+using MetadataPtr = std::unique_ptr<camera_metadata_t, MetadataDeleter>;
+
+// Byte offsets of the binary layout that other processes rely on.
+constexpr size_t kSizeOffset = 0;
+constexpr size_t kEntryCountOffset = 12;
+constexpr size_t kEntryCapacityOffset = 16;
+constexpr size_t kEntriesStartOffset = 20;
+constexpr size_t kDataCountOffset = 24;
+constexpr size_t kDataStartOffset = 32;
+constexpr size_t kHeaderBytes = 48;
+constexpr size_t kEntryBytes = 16;
+constexpr size_t kEntryCountField = 4;
+constexpr size_t kEntryDataField = 8;
+constexpr size_t kEntryTypeField = 12;
+
+void poke32(void* buffer, size_t offset, uint32_t value) {
+    memcpy(static_cast<uint8_t*>(buffer) + offset, &value, sizeof(value));
+}
+
+size_t entryOffset(size_t index, size_t field) {
+    return kHeaderBytes + index * kEntryBytes + field;
+}
+
+const int64_t kExposure = 33'000'000;
+const int32_t kStreamConfigs[] = {HAL_PIXEL_FORMAT_BLOB,          4000, 3000, 0,
+                                  HAL_PIXEL_FORMAT_YCBCR_420_888, 1920, 1080, 0};
+
+// Entry 0: AE mode (inline byte); 1: exposure (int64, payload area); 2: stream configurations
+// (int32 x 8, payload area); 3: JPEG orientation (inline int32).
+MetadataPtr makeSample(size_t extraEntries = 0, size_t extraData = 0) {
+    MetadataPtr metadata(allocate_camera_metadata(4 + extraEntries, 40 + extraData));
+    const uint8_t aeMode = ANDROID_CONTROL_AE_MODE_ON;
+    const int32_t orientation = 90;
+    EXPECT_EQ(0, add_camera_metadata_entry(metadata.get(), ANDROID_CONTROL_AE_MODE, &aeMode, 1));
+    EXPECT_EQ(0, add_camera_metadata_entry(metadata.get(), ANDROID_SENSOR_EXPOSURE_TIME, &kExposure,
+                                           1));
+    EXPECT_EQ(0, add_camera_metadata_entry(metadata.get(),
+                                           ANDROID_SCALER_AVAILABLE_STREAM_CONFIGURATIONS,
+                                           kStreamConfigs, 8));
+    EXPECT_EQ(0,
+              add_camera_metadata_entry(metadata.get(), ANDROID_JPEG_ORIENTATION, &orientation, 1));
+    return metadata;
+}
+
+void expectSampleContents(const camera_metadata_t* metadata) {
+    camera_metadata_ro_entry_t entry;
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata, ANDROID_CONTROL_AE_MODE, &entry));
+    EXPECT_EQ(TYPE_BYTE, entry.type);
+    ASSERT_EQ(1u, entry.count);
+    EXPECT_EQ(ANDROID_CONTROL_AE_MODE_ON, entry.data.u8[0]);
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata, ANDROID_SENSOR_EXPOSURE_TIME, &entry));
+    EXPECT_EQ(kExposure, entry.data.i64[0]);
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(
+                         metadata, ANDROID_SCALER_AVAILABLE_STREAM_CONFIGURATIONS, &entry));
+    ASSERT_EQ(8u, entry.count);
+    EXPECT_EQ(0, memcmp(kStreamConfigs, entry.data.i32, sizeof(kStreamConfigs)));
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata, ANDROID_JPEG_ORIENTATION, &entry));
+    EXPECT_EQ(90, entry.data.i32[0]);
+}
+
+TEST(CameraMetadataLayout, SizesFollowTheFormula) {
+    EXPECT_EQ(48u, calculate_camera_metadata_size(0, 0));
+    EXPECT_EQ(64u, calculate_camera_metadata_size(1, 0));
+    EXPECT_EQ(88u, calculate_camera_metadata_size(2, 5));
+    EXPECT_EQ(112u, calculate_camera_metadata_size(3, 9));
+    EXPECT_EQ(8u, get_camera_metadata_alignment());
+    EXPECT_EQ(1u, get_camera_metadata_size(nullptr));
+
+    EXPECT_EQ(0u, calculate_camera_metadata_entry_data_size(TYPE_BYTE, 4));
+    EXPECT_EQ(8u, calculate_camera_metadata_entry_data_size(TYPE_BYTE, 5));
+    EXPECT_EQ(8u, calculate_camera_metadata_entry_data_size(TYPE_INT64, 1));
+    EXPECT_EQ(24u, calculate_camera_metadata_entry_data_size(TYPE_RATIONAL, 3));
+
+    MetadataPtr metadata(allocate_camera_metadata(3, 9));
+    ASSERT_NE(nullptr, metadata);
+    EXPECT_EQ(112u, get_camera_metadata_size(metadata.get()));
+    EXPECT_EQ(48u, get_camera_metadata_compact_size(metadata.get()));
+    EXPECT_EQ(3u, get_camera_metadata_entry_capacity(metadata.get()));
+    EXPECT_EQ(9u, get_camera_metadata_data_capacity(metadata.get()));
+    EXPECT_EQ(0, validate_camera_metadata_structure(metadata.get(), nullptr));
+}
+
+TEST(CameraMetadataEntries, InlineAndOutOfLinePayloads) {
+    MetadataPtr metadata = makeSample();
+    expectSampleContents(metadata.get());
+    // Only the int64 (8 bytes) and the 8 int32 (32 bytes) use the payload area.
+    EXPECT_EQ(40u, get_camera_metadata_data_count(metadata.get()));
+    EXPECT_EQ(0, validate_camera_metadata_structure(metadata.get(), nullptr));
+
+    camera_metadata_entry_t entry;
+    EXPECT_NE(0, find_camera_metadata_entry(metadata.get(), ANDROID_SENSOR_SENSITIVITY, &entry));
+    const float focal = 4.5f;
+    EXPECT_NE(0, add_camera_metadata_entry(metadata.get(), ANDROID_LENS_FOCAL_LENGTH, &focal, 1))
+            << "entry capacity is exhausted";
+    MetadataPtr roomy(allocate_camera_metadata(2, 0));
+    EXPECT_NE(0, add_camera_metadata_entry(roomy.get(), ANDROID_SENSOR_EXPOSURE_TIME, &kExposure, 1))
+            << "payload area is exhausted";
+    EXPECT_NE(0, add_camera_metadata_entry(roomy.get(), VENDOR_SECTION_START, &focal, 1));
+    EXPECT_EQ(0u, get_camera_metadata_entry_count(roomy.get()));
+}
+
+TEST(CameraMetadataEntries, UpdateDeleteAndSortKeepPayloadsIntact) {
+    MetadataPtr metadata = makeSample(2, 64);
+    // Inline byte grows into the payload area.
+    const uint8_t modes[] = {1, 2, 3, 4, 5, 6};
+    camera_metadata_entry_t updated;
+    ASSERT_EQ(0, update_camera_metadata_entry(metadata.get(), 0, modes, 6, &updated));
+    EXPECT_EQ(0, memcmp(modes, updated.data.u8, 6));
+    EXPECT_EQ(48u, get_camera_metadata_data_count(metadata.get()));
+    // The stream configurations shrink to one inline int32; later payloads move down.
+    ASSERT_EQ(0, update_camera_metadata_entry(metadata.get(), 2, kStreamConfigs, 1, nullptr));
+    EXPECT_EQ(16u, get_camera_metadata_data_count(metadata.get()));
+    camera_metadata_ro_entry_t entry;
+    ASSERT_EQ(0,
+              find_camera_metadata_ro_entry(metadata.get(), ANDROID_SENSOR_EXPOSURE_TIME, &entry));
+    EXPECT_EQ(kExposure, entry.data.i64[0]);
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata.get(), ANDROID_CONTROL_AE_MODE, &entry));
+    EXPECT_EQ(0, memcmp(modes, entry.data.u8, 6));
+
+    // Deleting the exposure leaves the AE modes readable at their moved offset.
+    ASSERT_EQ(0, delete_camera_metadata_entry(metadata.get(), 1));
+    EXPECT_EQ(8u, get_camera_metadata_data_count(metadata.get()));
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata.get(), ANDROID_CONTROL_AE_MODE, &entry));
+    EXPECT_EQ(0, memcmp(modes, entry.data.u8, 6));
+    EXPECT_NE(0,
+              find_camera_metadata_ro_entry(metadata.get(), ANDROID_SENSOR_EXPOSURE_TIME, &entry));
+    EXPECT_NE(0, delete_camera_metadata_entry(metadata.get(), 3));
+
+    // Sorted lookups find entries whatever their insertion order.
+    const int32_t requestId = 7;
+    ASSERT_EQ(0, add_camera_metadata_entry(metadata.get(), ANDROID_REQUEST_ID, &requestId, 1));
+    ASSERT_EQ(0, sort_camera_metadata(metadata.get()));
+    uint32_t previous = 0;
+    for (size_t i = 0; i < get_camera_metadata_entry_count(metadata.get()); ++i) {
+        ASSERT_EQ(0, get_camera_metadata_ro_entry(metadata.get(), i, &entry));
+        EXPECT_LE(previous, entry.tag);
+        previous = entry.tag;
+    }
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata.get(), ANDROID_REQUEST_ID, &entry));
+    EXPECT_EQ(requestId, entry.data.i32[0]);
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata.get(), ANDROID_JPEG_ORIENTATION, &entry));
+    EXPECT_EQ(90, entry.data.i32[0]);
+    EXPECT_EQ(0, validate_camera_metadata_structure(metadata.get(), nullptr));
+}
+
+TEST(CameraMetadataCopy, CompactsIntoExactAndLargerBuffersAndRefusesSmallOnes) {
+    MetadataPtr source = makeSample(6, 100);
+    const size_t compact = get_camera_metadata_compact_size(source.get());
+    ASSERT_EQ(calculate_camera_metadata_size(4, 40), compact);
+
+    std::vector<uint64_t> exact(compact / sizeof(uint64_t));
+    camera_metadata_t* copy = copy_camera_metadata(exact.data(), compact, source.get());
+    ASSERT_EQ(static_cast<void*>(exact.data()), copy);
+    EXPECT_EQ(compact, get_camera_metadata_size(copy));
+    EXPECT_EQ(4u, get_camera_metadata_entry_capacity(copy));
+    EXPECT_EQ(40u, get_camera_metadata_data_capacity(copy));
+    expectSampleContents(copy);
+    EXPECT_EQ(0, validate_camera_metadata_structure(copy, &compact));
+
+    std::vector<uint64_t> larger(compact / sizeof(uint64_t) + 16);
+    copy = copy_camera_metadata(larger.data(), larger.size() * sizeof(uint64_t), source.get());
+    ASSERT_NE(nullptr, copy);
+    EXPECT_EQ(compact, get_camera_metadata_size(copy));
+    expectSampleContents(copy);
+
+    offlinecamera::test::LogCapture::Start();
+    EXPECT_EQ(nullptr, copy_camera_metadata(exact.data(), compact - 8, source.get()));
+    EXPECT_TRUE(offlinecamera::test::LogCapture::Contains(
+            {ANDROID_LOG_ERROR, "CameraMetadata",
+             offlinecamera::test::Format("copy_camera_metadata: Memory needed to place camera "
+                                         "metadata (%zu) > dst size (%zu)",
+                                         compact, compact - 8)}))
+            << offlinecamera::test::LogCapture::Dump();
+    EXPECT_EQ(nullptr, copy_camera_metadata(nullptr, compact, source.get()));
+}
+
+TEST(CameraMetadataCopy, CloneAppendAndCheckedCopy) {
+    MetadataPtr source = makeSample();
+    MetadataPtr clone(clone_camera_metadata(source.get()));
+    ASSERT_NE(nullptr, clone);
+    expectSampleContents(clone.get());
+
+    // Appending rebases the payload offsets of the appended entries.
+    MetadataPtr combined(allocate_camera_metadata(5, 48));
+    const int64_t timestamp = 123456789;
+    ASSERT_EQ(0, add_camera_metadata_entry(combined.get(), ANDROID_SENSOR_TIMESTAMP, &timestamp, 1));
+    ASSERT_EQ(0, append_camera_metadata(combined.get(), source.get()));
+    EXPECT_EQ(5u, get_camera_metadata_entry_count(combined.get()));
+    expectSampleContents(combined.get());
+    camera_metadata_ro_entry_t entry;
+    ASSERT_EQ(0, find_camera_metadata_ro_entry(combined.get(), ANDROID_SENSOR_TIMESTAMP, &entry));
+    EXPECT_EQ(timestamp, entry.data.i64[0]);
+    EXPECT_NE(0, append_camera_metadata(combined.get(), source.get())) << "no room left";
+    EXPECT_EQ(5u, get_camera_metadata_entry_count(combined.get()));
+
+    const size_t size = get_camera_metadata_size(source.get());
+    MetadataPtr checked(allocate_copy_camera_metadata_checked(source.get(), size));
+    ASSERT_NE(nullptr, checked);
+    expectSampleContents(checked.get());
+    EXPECT_EQ(nullptr, allocate_copy_camera_metadata_checked(source.get(), size - 8));
+}
+
+TEST(CameraMetadataTags, NamesTypesAndSections) {
+    EXPECT_STREQ("android.control", get_camera_metadata_section_name(ANDROID_CONTROL_AE_MODE));
+    EXPECT_STREQ("aeMode", get_camera_metadata_tag_name(ANDROID_CONTROL_AE_MODE));
+    EXPECT_STREQ("android.sensor.info",
+                 get_camera_metadata_section_name(ANDROID_SENSOR_INFO_ACTIVE_ARRAY_SIZE));
+    EXPECT_EQ(TYPE_INT64, get_camera_metadata_tag_type(ANDROID_SENSOR_TIMESTAMP));
+    EXPECT_EQ(TYPE_FLOAT, get_camera_metadata_tag_type(ANDROID_LENS_FOCAL_LENGTH));
+    EXPECT_EQ(TYPE_BYTE, get_camera_metadata_tag_type(ANDROID_INFO_SUPPORTED_HARDWARE_LEVEL));
+    EXPECT_EQ(-1, get_camera_metadata_tag_type(ANDROID_CONTROL_END));
+    EXPECT_EQ(nullptr, get_camera_metadata_tag_name(VENDOR_SECTION_START));
+    EXPECT_EQ(nullptr, get_camera_metadata_section_name(ANDROID_SECTION_COUNT << 16));
+}
+
+// Validation of buffers from other processes.
+class CameraMetadataValidation : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        MetadataPtr sample = makeSample();
+        mSize = get_camera_metadata_compact_size(sample.get());
+        mBuffer.assign(mSize / sizeof(uint64_t), 0);
+        ASSERT_NE(nullptr, copy_camera_metadata(mBuffer.data(), mSize, sample.get()));
+    }
+
+    int validate() {
+        return validate_camera_metadata_structure(
+                reinterpret_cast<const camera_metadata_t*>(mBuffer.data()), &mSize);
+    }
+    void* bytes() { return mBuffer.data(); }
+
+    size_t mSize = 0;
+    std::vector<uint64_t> mBuffer;
+};
+
+TEST_F(CameraMetadataValidation, AcceptsIntactAndRejectsNull) {
+    EXPECT_EQ(0, validate());
+    offlinecamera::test::LogCapture::Start();
+    EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
+              validate_camera_metadata_structure(nullptr, nullptr));
+    EXPECT_TRUE(offlinecamera::test::LogCapture::Contains(
+            {ANDROID_LOG_ERROR, "CameraMetadata",
+             "validate_camera_metadata_structure: metadata is null!"}));
+}
+
+TEST_F(CameraMetadataValidation, RejectsCorruptedHeaders) {
+    struct Corruption {
+        const char* what;
+        size_t offset;
+        uint32_t value;
+    };
+    const Corruption corruptions[] = {
+            {"size beyond buffer", kSizeOffset, static_cast<uint32_t>(mSize + 8)},
+            {"size below header", kSizeOffset, 40},
+            {"entry count above capacity", kEntryCountOffset, 5},
+            {"data count above capacity", kDataCountOffset, 41},
+            {"entry capacity beyond size", kEntryCapacityOffset, 0x10000000},
+            {"entry records behind the end", kEntriesStartOffset, static_cast<uint32_t>(mSize)},
+            {"entry records inside the header", kEntriesStartOffset, 32},
+            {"data area beyond size", kDataStartOffset, static_cast<uint32_t>(mSize)},
+            {"misaligned data area", kDataStartOffset, 116},
+    };
+    for (const Corruption& corruption : corruptions) {
+        SetUp();
+        poke32(bytes(), corruption.offset, corruption.value);
+        EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR, validate()) << corruption.what;
+    }
+    const size_t tooSmall = kHeaderBytes - 1;
+    EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
+              validate_camera_metadata_structure(
+                      reinterpret_cast<const camera_metadata_t*>(bytes()), &tooSmall));
+}
+
+TEST_F(CameraMetadataValidation, RejectsCorruptedEntries) {
+    struct Corruption {
+        const char* what;
+        size_t offset;
+        uint32_t value;
+    };
+    const Corruption corruptions[] = {
+            {"invalid type", entryOffset(0, kEntryTypeField), NUM_TYPES},
+            {"type differs from the tag's", entryOffset(0, kEntryTypeField), TYPE_INT32},
+            {"payload past data count", entryOffset(2, kEntryDataField), 16},
+            {"misaligned int64 payload", entryOffset(1, kEntryDataField), 4},
+            {"count overflows the payload", entryOffset(2, kEntryCountField), 0x40000001},
+            {"offset wraps around", entryOffset(1, kEntryDataField), 0xFFFFFFF8},
+    };
+    for (const Corruption& corruption : corruptions) {
+        SetUp();
+        poke32(bytes(), corruption.offset, corruption.value);
+        EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR, validate()) << corruption.what;
+    }
+}
+
+TEST_F(CameraMetadataValidation, MisalignedBufferIsShiftedAndCloneable) {
+    std::vector<uint64_t> shiftedStorage(mBuffer.size() + 1);
+    uint8_t* shifted = reinterpret_cast<uint8_t*>(shiftedStorage.data()) + 4;
+    memcpy(shifted, bytes(), mSize);
+    const auto* metadata = reinterpret_cast<const camera_metadata_t*>(shifted);
+    EXPECT_EQ(CAMERA_METADATA_VALIDATION_SHIFTED,
+              validate_camera_metadata_structure(metadata, &mSize));
+    MetadataPtr clone(clone_camera_metadata(metadata));
+    ASSERT_NE(nullptr, clone);
+    EXPECT_EQ(0, validate_camera_metadata_structure(clone.get(), nullptr));
+    expectSampleContents(clone.get());
+}
+
+// Arbitrary bytes never make validation read outside the buffer (exactly sized heap blocks, so
+// that sanitizers see any overrun), and whatever it accepts can be read entry by entry.
+TEST(CameraMetadataHostileBytes, ValidationStaysInsideTheBuffer) {
+    uint64_t state = 0x9E3779B97F4A7C15ull;
+    auto next = [&state]() {
+        state = state * 6364136223846793005ull + 1442695040888963407ull;
+        return static_cast<uint32_t>(state >> 33);
+    };
+    size_t accepted = 0;
+    offlinecamera::test::LogCapture::Start();  // keeps thousands of rejections off stderr
+    for (int round = 0; round < 4000; ++round) {
+        const size_t size = next() % 200;
+        std::unique_ptr<void, decltype(&free)> storage(malloc(size > 0 ? size : 1), &free);
+        uint8_t* buffer = static_cast<uint8_t*>(storage.get());
+        for (size_t i = 0; i < size; ++i) {
+            buffer[i] = static_cast<uint8_t>(next());
+        }
+        if (size >= kHeaderBytes && round % 2 == 0) {
+            // A plausible header so that the entry checks run too.
+            const uint32_t entries = next() % 5;
+            poke32(buffer, kSizeOffset, static_cast<uint32_t>(size - next() % 8));
+            poke32(buffer, kEntryCountOffset, entries);
+            poke32(buffer, kEntryCapacityOffset, entries + next() % 2);
+            poke32(buffer, kEntriesStartOffset, kHeaderBytes);
+            poke32(buffer, kDataCountOffset, next() % 64);
+            poke32(buffer, 28, next() % 64);
+            poke32(buffer, kDataStartOffset, (kHeaderBytes + 16 * entries + 7) & ~7u);
+            for (uint32_t i = 0; i < entries; ++i) {
+                const size_t entry = kHeaderBytes + i * kEntryBytes;
+                if (entry + kEntryBytes <= size) {
+                    buffer[entry + kEntryTypeField] = static_cast<uint8_t>(next() % NUM_TYPES);
+                    poke32(buffer, entry + kEntryCountField, next() % 12);
+                    poke32(buffer, entry + kEntryDataField, (next() % 64) & ~7u);
+                }
+            }
+        }
+        const auto* metadata = reinterpret_cast<const camera_metadata_t*>(buffer);
+        const int result = validate_camera_metadata_structure(metadata, &size);
+        ASSERT_TRUE(result == 0 || result == CAMERA_METADATA_VALIDATION_ERROR) << result;
+        if (result != 0) {
+            continue;
+        }
+        ++accepted;
+        // Accepted buffers can be cloned and every payload byte read.
+        MetadataPtr clone(clone_camera_metadata(metadata));
+        ASSERT_NE(nullptr, clone);
+        unsigned sum = 0;
+        for (size_t i = 0; i < get_camera_metadata_entry_count(clone.get()); ++i) {
+            camera_metadata_ro_entry_t entry;
+            ASSERT_EQ(0, get_camera_metadata_ro_entry(clone.get(), i, &entry));
+            for (size_t b = 0; b < entry.count * camera_metadata_type_size[entry.type]; ++b) {
+                sum += entry.data.u8[b];
+            }
+        }
+        (void)sum;
+    }
+    EXPECT_GT(accepted, 0u) << "the plausible headers never passed; the fuzzing is too shallow";
+    offlinecamera::test::LogCapture::Clear();
+}
+
+}  // namespace

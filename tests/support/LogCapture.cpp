@@ -1,0 +1,82 @@
+#include "LogCapture.h"
+
+#include <android/log.h>
+#include <stdarg.h>
+#include <stdio.h>
+
+#include <mutex>
+
+namespace offlinecamera::test {
+
+namespace {
+
+// Guards gLines.
+std::mutex gLock;
+std::vector<LogLine> gLines;
+
+void CaptureLogger(const struct __android_logger_data* data, const char* message) {
+    std::lock_guard<std::mutex> lock(gLock);
+    gLines.push_back({data->priority, data->tag != nullptr ? data->tag : "", message});
+}
+
+}  // namespace
+
+std::string ToString(const LogLine& line) {
+    static const char kPriorities[] = "??VDIWEFS";
+    char priority = line.priority >= 0 && line.priority <= 8 ? kPriorities[line.priority] : '?';
+    return std::string(1, priority) + " " + line.tag + ": " + line.message;
+}
+
+void LogCapture::Start() {
+    static std::once_flag sInstalled;
+    std::call_once(sInstalled, [] {
+        __android_log_set_minimum_priority(ANDROID_LOG_VERBOSE);
+        __android_log_set_logger(CaptureLogger);
+    });
+    Clear();
+}
+
+void LogCapture::Clear() {
+    std::lock_guard<std::mutex> lock(gLock);
+    gLines.clear();
+}
+
+std::vector<LogLine> LogCapture::Lines() {
+    std::lock_guard<std::mutex> lock(gLock);
+    return gLines;
+}
+
+std::vector<LogLine> LogCapture::Lines(const std::string& tag) {
+    std::vector<LogLine> lines;
+    for (const LogLine& line : Lines()) {
+        if (line.tag == tag) lines.push_back(line);
+    }
+    return lines;
+}
+
+size_t LogCapture::Count(const LogLine& wanted) {
+    size_t count = 0;
+    for (const LogLine& line : Lines()) {
+        if (line == wanted) count++;
+    }
+    return count;
+}
+
+std::string LogCapture::Dump() {
+    std::string text;
+    for (const LogLine& line : Lines()) {
+        text += "  " + ToString(line) + "\n";
+    }
+    return text;
+}
+
+std::string Format(const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    char buffer[1024];
+    vsnprintf(buffer, sizeof(buffer), format, args);
+    va_end(args);
+    return buffer;
+}
+
+}  // namespace offlinecamera::test
