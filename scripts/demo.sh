@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Sets up, builds and runs the host demo.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+bash "$root/scripts/setup.sh"
+bash "$root/scripts/build.sh" "$root/build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+# /vendor/... paths of the device resolve below the build's vendor root on host.
+export VORN_VENDOR_ROOT="$root/build/vendor_root"
+exec "$root/build/demo/offline_camera_demo" \
+    "$root/build/vendor.oru.hardware.camera.offlinecamera-impl.so"

@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Installs what the host build needs (Debian 12 packages). Safe to run again.
+set -euo pipefail
+
+packages=(
+    cmake ninja-build g++ clang
+    googletest libgtest-dev libgmock-dev libbenchmark-dev
+    android-liblog-dev android-libcutils-dev android-libbase-dev
+    android-platform-system-core-headers
+    blueprint-tools binutils python3
+)
+
+missing=()
+for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -eq 0 ]; then
+    exit 0
+fi
+echo "installing: ${missing[*]}"
+sudo_cmd=()
+if [ "$(id -u)" -ne 0 ]; then sudo_cmd=(sudo); fi
+export DEBIAN_FRONTEND=noninteractive
+"${sudo_cmd[@]}" apt-get update -qq
+"${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
