@@ -1,0 +1,17 @@
+/*
+ * Host build of the NDK-backend code that the aidl compiler generates for
+ * android/hardware/camera/device/ErrorMsg.aidl (android.hardware.camera.device-V3).
+ */
+#include <aidl/android/hardware/camera/device/ErrorMsg.h>
+
+namespace aidl {
+namespace android {
+namespace hardware {
+namespace camera {
+namespace device {
+const char* ErrorMsg::descriptor = "android.hardware.camera.device.ErrorMsg";
+}  // namespace device
+}  // namespace camera
+}  // namespace hardware
+}  // namespace android
+}  // namespace aidl

@@ -1,0 +1,17 @@
+/*
+ * Host build of the NDK-backend code that the aidl compiler generates for
+ * android/hardware/camera/device/ShutterMsg.aidl (android.hardware.camera.device-V3).
+ */
+#include <aidl/android/hardware/camera/device/ShutterMsg.h>
+
+namespace aidl {
+namespace android {
+namespace hardware {
+namespace camera {
+namespace device {
+const char* ShutterMsg::descriptor = "android.hardware.camera.device.ShutterMsg";
+}  // namespace device
+}  // namespace camera
+}  // namespace hardware
+}  // namespace android
+}  // namespace aidl

@@ -1,0 +1,26 @@
+/*
+ * Copyright (C) 2026 Oru Camera
+ *
+ * Vendor offline camera interface.
+ */
+
+package vendor.oru.hardware.camera.offlinecamera;
+
+import vendor.oru.hardware.camera.offlinecamera.OfflineCaptureRequest;
+import vendor.oru.hardware.camera.offlinecamera.OfflineFlushInfo;
+import vendor.oru.hardware.camera.offlinecamera.OfflineSessionConfiguration;
+
+/** An offline processing session. */
+@VintfStability
+interface IOfflineCameraSession {
+    void configureOfflineSession(in OfflineSessionConfiguration config);
+
+    /** Returns the frame number under which the results of the last request arrive. */
+    int processOfflineRequest(in OfflineCaptureRequest[] requests);
+
+    void closeOfflineSession();
+
+    void flushOfflineSession(in OfflineFlushInfo flushInfo);
+
+    void dumpOfflineSession();
+}

@@ -1,0 +1,334 @@
+/*
+ * Generated vendor interfaces: identity (descriptor, version, hash, transaction codes) against
+ * the .aidl sources and their frozen copy, and binder dispatch of local and remote objects.
+ */
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraService.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSession.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BpOfflineCameraSession.h>
+#include <gtest/gtest.h>
+#include <hostplatform/BinderTesting.h>
+
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace ::aidl::vendor::oru::hardware::camera::offlinecamera;
+using ::aidl::android::hardware::camera::device::BufferRequestStatus;
+using ::aidl::android::hardware::camera::device::CameraMetadata;
+using ::aidl::android::hardware::camera::device::CaptureResult;
+using ::aidl::android::hardware::camera::device::NotifyMsg;
+using ::aidl::android::hardware::camera::device::StreamBuffer;
+using ::aidl::android::hardware::camera::device::StreamBufferRet;
+using ::ndk::ScopedAStatus;
+using ::ndk::SharedRefBase;
+using ::ndk::SpAIBinder;
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+// Method names of the interface in an .aidl file, in declaration order.
+std::vector<std::string> DeclaredMethods(const std::string& path) {
+    std::string text = ReadFile(path);
+    text = std::regex_replace(text, std::regex(R"(/\*[\s\S]*?\*/|//[^\n]*)"), " ");
+    std::smatch body;
+    if (!std::regex_search(text, body, std::regex(R"(\binterface\s+\w+\s*\{([\s\S]*)\})"))) {
+        return {};
+    }
+    std::vector<std::string> methods;
+    std::stringstream declarations(body[1].str());
+    std::string declaration;
+    const std::regex name(R"((\w+)\s*\()");
+    while (std::getline(declarations, declaration, ';')) {
+        std::smatch match;
+        if (std::regex_search(declaration, match, name)) methods.push_back(match[1]);
+    }
+    return methods;
+}
+
+struct InterfaceIdentity {
+    const char* name;
+    const char* descriptor;
+    int32_t version;
+    std::string hash;
+    // Generated transaction codes, by method name.
+    std::vector<std::pair<std::string, uint32_t>> transactions;
+};
+
+std::vector<InterfaceIdentity> Identities() {
+#define TX(I, m) \
+    { #m, I::TRANSACTION_##m }
+    return {
+            {"IOfflineCameraService",
+             IOfflineCameraService::descriptor,
+             IOfflineCameraService::version,
+             IOfflineCameraService::hash,
+             {TX(IOfflineCameraService, getSupportedOpModes),
+              TX(IOfflineCameraService, registerClient), TX(IOfflineCameraService, unRegisterClient),
+              TX(IOfflineCameraService, openOfflineSeesion),
+              TX(IOfflineCameraService, getOfflineStaticCaps)}},
+            {"IOfflineCameraSession",
+             IOfflineCameraSession::descriptor,
+             IOfflineCameraSession::version,
+             IOfflineCameraSession::hash,
+             {TX(IOfflineCameraSession, configureOfflineSession),
+              TX(IOfflineCameraSession, processOfflineRequest),
+              TX(IOfflineCameraSession, closeOfflineSession),
+              TX(IOfflineCameraSession, flushOfflineSession),
+              TX(IOfflineCameraSession, dumpOfflineSession)}},
+            {"IOfflineCameraSessionCallback",
+             IOfflineCameraSessionCallback::descriptor,
+             IOfflineCameraSessionCallback::version,
+             IOfflineCameraSessionCallback::hash,
+             {TX(IOfflineCameraSessionCallback, notify),
+              TX(IOfflineCameraSessionCallback, processCaptureResult)}},
+            {"IOfflineClientCallback",
+             IOfflineClientCallback::descriptor,
+             IOfflineClientCallback::version,
+             IOfflineClientCallback::hash,
+             {TX(IOfflineClientCallback, notify), TX(IOfflineClientCallback, processCaptureResult),
+              TX(IOfflineClientCallback, requestStreamBuffers),
+              TX(IOfflineClientCallback, returnStreamBuffers)}},
+    };
+#undef TX
+}
+
+TEST(AidlInterfaceIdentityTest, DescriptorVersionAndFrozenHash) {
+    const std::string frozenHash = ReadFile(OFFLINECAMERA_FROZEN_DIR "/.hash");
+    EXPECT_EQ(frozenHash, OFFLINECAMERA_FROZEN_HASH "\n");
+    for (const InterfaceIdentity& identity : Identities()) {
+        SCOPED_TRACE(identity.name);
+        EXPECT_EQ(identity.descriptor,
+                  std::string("vendor.oru.hardware.camera.offlinecamera.") + identity.name);
+        EXPECT_EQ(identity.version, 2);
+        EXPECT_EQ(identity.hash, OFFLINECAMERA_FROZEN_HASH);
+    }
+}
+
+TEST(AidlInterfaceIdentityTest, FrozenVersionMatchesTheSources) {
+    const char* kFiles[] = {"IOfflineCameraService.aidl",
+                            "IOfflineCameraSession.aidl",
+                            "IOfflineCameraSessionCallback.aidl",
+                            "IOfflineClientCallback.aidl",
+                            "OfflineBufferRequest.aidl",
+                            "OfflineCaptureRequest.aidl",
+                            "OfflineCaptureResult.aidl",
+                            "OfflineFlushInfo.aidl",
+                            "OfflineInputFrame.aidl",
+                            "OfflineSessionConfiguration.aidl"};
+    for (const char* file : kFiles) {
+        SCOPED_TRACE(file);
+        const std::string source = ReadFile(std::string(OFFLINECAMERA_AIDL_DIR "/") + file);
+        ASSERT_FALSE(source.empty());
+        EXPECT_EQ(source, ReadFile(std::string(OFFLINECAMERA_FROZEN_DIR
+                                               "/vendor/oru/hardware/camera/offlinecamera/") +
+                                   file));
+    }
+}
+
+TEST(AidlInterfaceIdentityTest, TransactionCodesFollowDeclarationOrder) {
+    for (const InterfaceIdentity& identity : Identities()) {
+        SCOPED_TRACE(identity.name);
+        const std::vector<std::string> declared =
+                DeclaredMethods(std::string(OFFLINECAMERA_AIDL_DIR "/") + identity.name + ".aidl");
+        ASSERT_EQ(declared.size(), identity.transactions.size());
+        for (size_t i = 0; i < declared.size(); i++) {
+            EXPECT_EQ(identity.transactions[i].first, declared[i]);
+            EXPECT_EQ(identity.transactions[i].second, FIRST_CALL_TRANSACTION + i);
+        }
+    }
+}
+
+// Every binder made by a test is gone when the test ends.
+class AidlBinderTest : public ::testing::Test {
+  protected:
+    void SetUp() override { mLiveBinders = ::ndk::host::liveBinderCount(); }
+    void TearDown() override { EXPECT_EQ(::ndk::host::liveBinderCount(), mLiveBinders); }
+
+  private:
+    size_t mLiveBinders = 0;
+};
+
+// Servers that record what reaches them.
+class TestSession : public BnOfflineCameraSession {
+  public:
+    ScopedAStatus configureOfflineSession(const OfflineSessionConfiguration&) override {
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus processOfflineRequest(const std::vector<OfflineCaptureRequest>& requests,
+                                        int32_t* frameNumber) override {
+        mRequests = requests.size();
+        *frameNumber = 77;
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus closeOfflineSession() override { return ScopedAStatus::ok(); }
+    ScopedAStatus flushOfflineSession(const OfflineFlushInfo& info) override {
+        return ScopedAStatus::fromServiceSpecificError(info.flushFlags);
+    }
+    ScopedAStatus dumpOfflineSession() override { return ScopedAStatus::ok(); }
+
+    size_t mRequests = 0;
+};
+
+class TestSessionCallback : public BnOfflineCameraSessionCallback {
+  public:
+    ScopedAStatus notify(const std::vector<NotifyMsg>&) override { return ScopedAStatus::ok(); }
+    ScopedAStatus processCaptureResult(const std::vector<CaptureResult>&) override {
+        return ScopedAStatus::ok();
+    }
+};
+
+class TestClientCallback : public BnOfflineClientCallback {
+  public:
+    ScopedAStatus notify(const std::vector<NotifyMsg>&) override { return ScopedAStatus::ok(); }
+    ScopedAStatus processCaptureResult(const std::vector<OfflineCaptureResult>&) override {
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus requestStreamBuffers(const std::vector<OfflineBufferRequest>& requests,
+                                       std::vector<StreamBufferRet>* buffers,
+                                       BufferRequestStatus* status) override {
+        buffers->resize(requests.size());
+        for (size_t i = 0; i < requests.size(); i++) {
+            (*buffers)[i].streamId = requests[i].stream.id;
+        }
+        *status = BufferRequestStatus::FAILED_PARTIAL;
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus returnStreamBuffers(const std::vector<StreamBuffer>&) override {
+        return ScopedAStatus::ok();
+    }
+};
+
+class TestService : public BnOfflineCameraService {
+  public:
+    ScopedAStatus getSupportedOpModes(std::vector<int32_t>* modes) override {
+        *modes = {1, 2};
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus registerClient(int32_t,
+                                 const std::shared_ptr<IOfflineClientCallback>& cb) override {
+        mClientCallback = cb;
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus unRegisterClient(int32_t) override { return ScopedAStatus::ok(); }
+    ScopedAStatus openOfflineSeesion(const std::string& name,
+                                     const std::shared_ptr<IOfflineCameraSessionCallback>& cb,
+                                     std::shared_ptr<IOfflineCameraSession>* session) override {
+        mSessionName = name;
+        mSessionCallback = cb;
+        *session = mSession;
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus getOfflineStaticCaps(CameraMetadata* caps) override {
+        caps->metadata = {9};
+        return ScopedAStatus::ok();
+    }
+
+    std::shared_ptr<TestSession> mSession = SharedRefBase::make<TestSession>();
+    std::shared_ptr<IOfflineClientCallback> mClientCallback;
+    std::shared_ptr<IOfflineCameraSessionCallback> mSessionCallback;
+    std::string mSessionName;
+};
+
+TEST_F(AidlBinderTest, FromBinderGivesTheLocalObjectOfItsOwnClassOnly) {
+    auto session = SharedRefBase::make<TestSession>();
+    SpAIBinder binder = session->asBinder();
+    EXPECT_EQ(IOfflineCameraSession::fromBinder(binder), session);
+    EXPECT_FALSE(session->isRemote());
+    EXPECT_EQ(IOfflineCameraService::fromBinder(binder), nullptr);
+    EXPECT_EQ(IOfflineCameraSession::fromBinder(SpAIBinder()), nullptr);
+}
+
+TEST_F(AidlBinderTest, RemoteBinderGivesAForwardingProxy) {
+    auto session = SharedRefBase::make<TestSession>();
+    SpAIBinder binder = session->asBinder();
+    ::ndk::host::setRemote(binder.get(), true);
+    std::shared_ptr<IOfflineCameraSession> proxy = IOfflineCameraSession::fromBinder(binder);
+    ASSERT_NE(proxy, nullptr);
+    ASSERT_NE(proxy, session);
+    EXPECT_NE(std::dynamic_pointer_cast<BpOfflineCameraSession>(proxy), nullptr);
+    EXPECT_TRUE(proxy->isRemote());
+    EXPECT_EQ(proxy->asBinder(), binder);
+
+    int32_t frameNumber = 0;
+    ASSERT_TRUE(
+            proxy->processOfflineRequest(std::vector<OfflineCaptureRequest>(3), &frameNumber).isOk());
+    EXPECT_EQ(frameNumber, 77);
+    EXPECT_EQ(session->mRequests, 3u);
+    OfflineFlushInfo flush;
+    flush.flushFlags = 5;
+    EXPECT_EQ(proxy->flushOfflineSession(flush).getServiceSpecificError(), 5);
+
+    int32_t version = 0;
+    std::string hash;
+    ASSERT_TRUE(proxy->getInterfaceVersion(&version).isOk());
+    ASSERT_TRUE(proxy->getInterfaceHash(&hash).isOk());
+    EXPECT_EQ(version, IOfflineCameraSession::version);
+    EXPECT_EQ(hash, IOfflineCameraSession::hash);
+}
+
+TEST_F(AidlBinderTest, ProxyOfADeadObjectFailsEveryCall) {
+    auto service = SharedRefBase::make<TestService>();
+    SpAIBinder binder = service->asBinder();
+    ::ndk::host::setRemote(binder.get(), true);
+    std::shared_ptr<IOfflineCameraService> proxy = IOfflineCameraService::fromBinder(binder);
+    ASSERT_NE(proxy, nullptr);
+    ::ndk::host::kill(binder.get());
+    std::vector<int32_t> modes;
+    ScopedAStatus status = proxy->getSupportedOpModes(&modes);
+    EXPECT_EQ(status.getExceptionCode(), EX_TRANSACTION_FAILED);
+    EXPECT_EQ(status.getStatus(), STATUS_DEAD_OBJECT);
+    EXPECT_TRUE(modes.empty());
+}
+
+TEST_F(AidlBinderTest, InterfaceArgumentsAndResultsCrossAsTheirBinderSays) {
+    auto service = SharedRefBase::make<TestService>();
+    SpAIBinder serviceBinder = service->asBinder();
+    ::ndk::host::setRemote(serviceBinder.get(), true);
+    std::shared_ptr<IOfflineCameraService> proxy = IOfflineCameraService::fromBinder(serviceBinder);
+    ASSERT_NE(proxy, nullptr);
+
+    // A client's callback lives in the client process: the server sees a proxy of it.
+    auto sessionCallback = SharedRefBase::make<TestSessionCallback>();
+    SpAIBinder callbackBinder = sessionCallback->asBinder();
+    ::ndk::host::setRemote(callbackBinder.get(), true);
+    std::shared_ptr<IOfflineCameraSession> session;
+    ASSERT_TRUE(proxy->openOfflineSeesion("night", sessionCallback, &session).isOk());
+    EXPECT_EQ(service->mSessionName, "night");
+    ASSERT_NE(service->mSessionCallback, nullptr);
+    EXPECT_TRUE(service->mSessionCallback->isRemote());
+    EXPECT_EQ(service->mSessionCallback->asBinder(), callbackBinder);
+    EXPECT_EQ(session, service->mSession);
+
+    // A callback whose binder is local reaches the server as the object itself.
+    auto clientCallback = SharedRefBase::make<TestClientCallback>();
+    ASSERT_TRUE(proxy->registerClient(1, clientCallback).isOk());
+    EXPECT_EQ(service->mClientCallback, clientCallback);
+    ASSERT_TRUE(proxy->registerClient(2, nullptr).isOk());
+    EXPECT_EQ(service->mClientCallback, nullptr);
+
+    // Out-parameters reach the caller as the server filled them.
+    SpAIBinder clientBinder = clientCallback->asBinder();
+    ::ndk::host::setRemote(clientBinder.get(), true);
+    std::shared_ptr<IOfflineClientCallback> client =
+            IOfflineClientCallback::fromBinder(clientBinder);
+    std::vector<OfflineBufferRequest> requests(2);
+    requests[1].stream.id = 4;
+    std::vector<StreamBufferRet> buffers;
+    BufferRequestStatus status = BufferRequestStatus::OK;
+    ASSERT_TRUE(client->requestStreamBuffers(requests, &buffers, &status).isOk());
+    EXPECT_EQ(status, BufferRequestStatus::FAILED_PARTIAL);
+    ASSERT_EQ(buffers.size(), 2u);
+    EXPECT_EQ(buffers[1].streamId, 4);
+}
+
+}  // namespace
