@@ -11,8 +11,6 @@ namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation {
 
 namespace {
 
-constexpr const char* kServiceLogTag = "KivOfflineAIDLSevice";
-
 using ::aidl::android::hardware::camera::common::Status;
 using ::android::hardware::camera::device::implementation::convertToScopedAStatus;
 
