@@ -24,12 +24,12 @@ if [ -n "$internal" ]; then
     echo "$internal" | c++filt
     status=1
 fi
-# Everything else the library defines must stay hidden. Template instantiations and typeinfo
-# of platform types that the compiler emits as weak symbols of their own libraries are allowed.
+# Everything else the library defines must stay hidden. Instantiations of standard library,
+# NDK and generated templates, which their headers declare with default visibility, are allowed.
 unexpected=$(grep -v '^RegisterOfflineCameraAIDLService$' <<<"$defined" \
     | grep -v '^_ZN20OfflineCameraService' \
     | grep -v '^_ZN4aidl' | grep -v '^_ZN3ndk' | grep -v '^_ZNSt' | grep -v '^_ZNKSt' \
-    | grep -v '^_ZZNSt' \
+    | grep -v '^_ZZNSt' | grep -v '^_ZSt' | grep -v '^_ZNK\?9__gnu_cxx' | grep -v '^_ZT[IS][FP]' \
     | grep -v '^_ZT[ISV]N3ndk\|^_ZT[ISV]N4aidl\|^_ZT[ISV]St' || true)
 if [ -n "$unexpected" ]; then
     echo "unexpected exports:"
