@@ -17,16 +17,16 @@
 #define LOG_TAG "CameraMetadata"
 
 #include <errno.h>
+#include <hostplatform/CameraMetadataTesting.h>
 #include <inttypes.h>
 #include <log/log.h>
 #include <stdlib.h>
 #include <string.h>
-#include <hostplatform/CameraMetadataTesting.h>
 #include <system/camera_metadata.h>
 
 #include <algorithm>
-#include <mutex>
 #include <cstddef>
+#include <mutex>
 
 struct camera_metadata {
     uint32_t size;

@@ -9,10 +9,9 @@
  */
 #pragma once
 
+#include <cutils/native_handle.h>
 #include <stddef.h>
 #include <stdint.h>
-
-#include <cutils/native_handle.h>
 #include <system/camera_metadata.h>
 #include <system/graphics.h>
 

@@ -7,7 +7,6 @@
 
 #include <stddef.h>
 #include <stdint.h>
-
 #include <system/camera_metadata_tags.h>
 
 #ifdef __cplusplus
@@ -73,11 +72,9 @@ typedef struct camera_metadata camera_metadata_t;
 ANDROID_API extern const size_t camera_metadata_type_size[NUM_TYPES];
 ANDROID_API extern const char* camera_metadata_type_names[NUM_TYPES];
 
-ANDROID_API camera_metadata_t* allocate_camera_metadata(size_t entry_capacity,
-                                                        size_t data_capacity);
+ANDROID_API camera_metadata_t* allocate_camera_metadata(size_t entry_capacity, size_t data_capacity);
 ANDROID_API camera_metadata_t* place_camera_metadata(void* dst, size_t dst_size,
-                                                     size_t entry_capacity,
-                                                     size_t data_capacity);
+                                                     size_t entry_capacity, size_t data_capacity);
 ANDROID_API void free_camera_metadata(camera_metadata_t* metadata);
 ANDROID_API size_t calculate_camera_metadata_size(size_t entry_count, size_t data_count);
 ANDROID_API size_t get_camera_metadata_size(const camera_metadata_t* metadata);
@@ -97,8 +94,8 @@ ANDROID_API int validate_camera_metadata_structure(const camera_metadata_t* meta
 
 ANDROID_API int append_camera_metadata(camera_metadata_t* dst, const camera_metadata_t* src);
 ANDROID_API camera_metadata_t* clone_camera_metadata(const camera_metadata_t* src);
-ANDROID_API camera_metadata_t* allocate_copy_camera_metadata_checked(
-        const camera_metadata_t* src, size_t src_size);
+ANDROID_API camera_metadata_t* allocate_copy_camera_metadata_checked(const camera_metadata_t* src,
+                                                                     size_t src_size);
 
 ANDROID_API size_t calculate_camera_metadata_entry_data_size(uint8_t type, size_t data_count);
 ANDROID_API int add_camera_metadata_entry(camera_metadata_t* dst, uint32_t tag, const void* data,
@@ -113,8 +110,8 @@ ANDROID_API int find_camera_metadata_entry(camera_metadata_t* src, uint32_t tag,
 ANDROID_API int find_camera_metadata_ro_entry(const camera_metadata_t* src, uint32_t tag,
                                               camera_metadata_ro_entry_t* entry);
 ANDROID_API int delete_camera_metadata_entry(camera_metadata_t* dst, size_t index);
-ANDROID_API int update_camera_metadata_entry(camera_metadata_t* dst, size_t index,
-                                             const void* data, size_t data_count,
+ANDROID_API int update_camera_metadata_entry(camera_metadata_t* dst, size_t index, const void* data,
+                                             size_t data_count,
                                              camera_metadata_entry_t* updated_entry);
 
 ANDROID_API const char* get_camera_metadata_section_name(uint32_t tag);
