@@ -3,10 +3,10 @@
  */
 #pragma once
 
-namespace android::hostmetadata {
-
 #include <stddef.h>
 #include <stdint.h>
+
+namespace android::hostmetadata {
 
 /*
  * The next `count` calls of allocate_camera_metadata() with these capacities fail and return
