@@ -1,0 +1,7 @@
+package android.hardware.camera.device;
+
+@VintfStability
+parcelable BufferRequest {
+    int streamId;
+    int numBuffersRequested;
+}

@@ -1,0 +1,6 @@
+package android.hardware.camera.device;
+
+@VintfStability
+parcelable CameraMetadata {
+    byte[] metadata;
+}

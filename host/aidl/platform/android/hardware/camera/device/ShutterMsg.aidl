@@ -1,0 +1,8 @@
+package android.hardware.camera.device;
+
+@VintfStability
+parcelable ShutterMsg {
+    int frameNumber;
+    long timestamp;
+    long readoutTimestamp;
+}

@@ -1,0 +1,7 @@
+package android.hardware.common;
+
+@VintfStability
+parcelable NativeHandle {
+    ParcelFileDescriptor[] fds;
+    int[] ints;
+}
