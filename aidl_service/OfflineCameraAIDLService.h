@@ -68,6 +68,14 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
     static void returnBuffersCb(const ClientCallbacks* pCallbackOps, int32_t clientId,
                                 std::vector<buffer_handle_t*> buffers);
 
+    /* Service operations behind the three callbacks. */
+    uint32_t requestStreamBuffers(int32_t clientId, std::vector<StreamBufferRequest> requests);
+    void returnBuffers(int32_t clientId, std::vector<buffer_handle_t*> buffers);
+    void processCaptureResult(int32_t clientId, const camera3_capture_result_t* pCaptureResult);
+
+    /* The registered callback of a client, empty when there is none. Takes mCallbackLock. */
+    std::shared_ptr<IOfflineClientCallback> findCallback(int32_t clientId);
+
     /* Death notification of a client's callback binder; the cookie is its ClientSlot. */
     static void binderDied(void* cookie);
 

@@ -74,6 +74,43 @@ class OFFLINE_CAMERA_EXPORT OfflineCameraService {
     bool RegisterProducerClient(int32_t clientId);
     void UnRegisterProducerClient(int32_t clientId);
 
+    /*
+     * Producer operations: buffers are asked from, and results handed to, the consumer registered
+     * under clientId. Both return 4 (CAMERA3_BUF_REQ_FAILED_UNKNOWN) for an unknown client.
+     */
+    int32_t RequestStreamBuffers(int32_t clientId, uint32_t numBufferReqs,
+                                 const camera3_buffer_request_t* pBufferReqs,
+                                 uint32_t* pNumReturnedBufReqs,
+                                 camera3_stream_buffer_ret_t* pReturnedBufReqs);
+    int32_t ProcessCaptureResult(int32_t clientId, const camera3_capture_result_t* pResult);
+
+    /* Per-camera backend metadata operations, opened on first use and shared by count. */
+    void InitMetaOps(uint32_t cameraId);
+    void DeInitMetaOps(uint32_t cameraId);
+
+    /* Backend session operations, forwarded as they are. */
+    uint64_t OpenSession(const KivOfflineSessionInfo* pSessionInfo);
+    int32_t ConfigureSession(uint64_t hSession, KivOfflineSessionConfigInfo* pConfigInfo);
+    int32_t ExecuteRequest(uint64_t hSession, KivOfflineCaptureRequestInfo* pRequest);
+    int32_t Flush(uint64_t hSession, KivOfflineFlushInfo* pFlushInfo);
+    int32_t Dump(uint64_t hSession);
+    /* Closes the backend session, then drops the session's hold on the camera's operations. */
+    int32_t CloseSession(uint32_t cameraId, uint64_t hSession);
+    int32_t TranslateToKivBuffer(const camera3_stream_buffer_t* pHalBuffer,
+                                 KivStreamBuffer* pKivBuffer);
+    int32_t TranslateFromKivBuffer(const KivStreamBuffer* pKivBuffer,
+                                   camera3_stream_buffer_t* pHalBuffer);
+
+    /* Metadata conversion through the camera's operations; null or 1 when it has none. */
+    camera_metadata_t* CreateAndroidMetadata(uint32_t cameraId, KivMetadataHandle hMetadata,
+                                             int32_t arg0, int32_t arg1, uint32_t arg2,
+                                             uint32_t* pOut);
+    KivMetadataHandle CreateByAndroidMetadata(uint32_t cameraId, const camera_metadata_t* pMetadata,
+                                              int32_t arg0, int32_t arg1, uint32_t arg2);
+    KivMetadataHandle CreateKivMetaData(uint32_t cameraId, const uint32_t* pTags, uint32_t count);
+    int32_t DestoryKivMetadata(uint32_t cameraId, KivMetadataHandle hMetadata);
+    int32_t ReleaseAndroidMetadata(uint32_t cameraId, camera_metadata_t* pMetadata);
+
   private:
     struct MetaOpsEntry {
         const KivMetadataOps* pMetaOps;

@@ -1,0 +1,128 @@
+/*
+ * Copyright (C) 2026 Oru Camera
+ */
+#include "HandleImporter.h"
+
+#include <android-base/unique_fd.h>
+#include <android/log.h>
+#include <ui/GraphicBufferMapper.h>
+#include <unistd.h>
+
+#define LOG_TAG "HandleImporter"
+#define IMPORTER_LOGE(...) __android_log_print(ANDROID_LOG_ERROR, LOG_TAG, __VA_ARGS__)
+
+namespace android::hardware::camera::common::V1_0::helper {
+
+HandleImporter::HandleImporter() : mInitialized(false) {}
+
+void HandleImporter::initializeLocked() {
+    if (!mInitialized) {
+        mInitialized = true;
+    }
+}
+
+void HandleImporter::cleanup() {
+    std::lock_guard<std::mutex> lock(mLock);
+    mInitialized = false;
+}
+
+bool HandleImporter::importBufferInternal(buffer_handle_t& handle) {
+    buffer_handle_t imported = nullptr;
+    const status_t status = GraphicBufferMapper::get().importBufferNoValidate(handle, &imported);
+    if (status != OK) {
+        IMPORTER_LOGE("%s: mapper importBuffer failed: %d", "importBufferInternal", status);
+        return false;
+    }
+    handle = imported;
+    return true;
+}
+
+bool HandleImporter::importBuffer(buffer_handle_t& handle) {
+    if (handle->numFds == 0 && handle->numInts == 0) {
+        handle = nullptr;
+        return true;
+    }
+    std::lock_guard<std::mutex> lock(mLock);
+    initializeLocked();
+    return importBufferInternal(handle);
+}
+
+void HandleImporter::freeBuffer(buffer_handle_t handle) {
+    if (handle == nullptr) {
+        return;
+    }
+    std::lock_guard<std::mutex> lock(mLock);
+    initializeLocked();
+    const status_t status = GraphicBufferMapper::get().freeBuffer(handle);
+    if (status != OK) {
+        IMPORTER_LOGE("%s: mapper freeBuffer failed, status: %d", "freeBuffer", status);
+    }
+}
+
+bool HandleImporter::importFence(const native_handle_t* handle, int& fd) const {
+    if (handle == nullptr || handle->numFds == 0) {
+        fd = -1;
+        return true;
+    }
+    if (handle->numFds == 1) {
+        fd = dup(handle->data[0]);
+        if (fd < 0) {
+            IMPORTER_LOGE("failed to dup fence fd %d", handle->data[0]);
+            return false;
+        }
+        return true;
+    }
+    IMPORTER_LOGE("invalid fence handle with %d file descriptors", handle->numFds);
+    return false;
+}
+
+void HandleImporter::closeFence(int fd) const {
+    if (fd >= 0) {
+        close(fd);
+    }
+}
+
+void* HandleImporter::lock(buffer_handle_t& handle, uint64_t usage, size_t size) {
+    const android::Rect accessRegion(0, 0, static_cast<int32_t>(size), 1);
+    return lock(handle, usage, accessRegion);
+}
+
+void* HandleImporter::lock(buffer_handle_t& handle, uint64_t usage,
+                           const android::Rect& accessRegion) {
+    std::lock_guard<std::mutex> lock(mLock);
+    initializeLocked();
+    void* address = nullptr;
+    const status_t status = GraphicBufferMapper::get().lock(handle, static_cast<uint32_t>(usage),
+                                                            accessRegion, &address);
+    if (status != OK) {
+        IMPORTER_LOGE("%s: mapper lock failed, status: %d", "lock", status);
+    }
+    return address;
+}
+
+android_ycbcr HandleImporter::lockYCbCr(buffer_handle_t& handle, uint64_t usage,
+                                        const android::Rect& accessRegion) {
+    std::lock_guard<std::mutex> lock(mLock);
+    initializeLocked();
+    android_ycbcr layout = {};
+    const status_t status = GraphicBufferMapper::get().lockYCbCr(
+            handle, static_cast<uint32_t>(usage), accessRegion, &layout);
+    if (status != OK) {
+        IMPORTER_LOGE("%s: mapper lockYCbCr failed, status: %d", "lockYCbCr", status);
+    }
+    return layout;
+}
+
+int HandleImporter::unlock(buffer_handle_t& handle) {
+    // Deliberately outside mLock: an unlock may wait for the consumer's work to finish and must
+    // not hold up imports and frees of other buffers.
+    base::unique_fd releaseFence;
+    const status_t status = GraphicBufferMapper::get().unlock(handle, &releaseFence);
+    const int fd = releaseFence.release();
+    if (status != OK) {
+        IMPORTER_LOGE("%s: mapper unlockAsync failed, status: %d", "unlock", status);
+    }
+    return fd;
+}
+
+}  // namespace android::hardware::camera::common::V1_0::helper
