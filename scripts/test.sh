@@ -4,6 +4,10 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh"
 
+echo "== Android.bp format, source lists and frozen AIDL versions"
+bash "$root/scripts/check_bp_format.sh"
+python3 "$root/scripts/check_source_lists.py"; python3 "$root/scripts/check_aidl_api.py"
+
 echo "== build (clang)"
 bash "$root/scripts/build.sh" "$root/build-clang" -DCMAKE_C_COMPILER=clang \
     -DCMAKE_CXX_COMPILER=clang++
