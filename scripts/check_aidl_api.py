@@ -3,8 +3,8 @@
 
 For every aidl_interface module of interfaces/**/Android.bp:
   - each version of versions_with_info has its folder aidl_api/<name>/<version>/, and its .hash
-    holds the hash of that folder (interfaces/aidl/compute_hash.sh), taken with the version
-    listed before it, or "latest-version" for the first one;
+    holds the hash of that folder (interfaces/aidl/compute_hash.sh), taken with the number of
+    the version before it (N - 1), or "latest-version" for version 1;
   - no other version folder lies there;
   - with frozen: true, the .aidl sources are, file for file, the latest frozen version;
   - with --generated DIR (the host build's generated code), every interface of the package
@@ -66,8 +66,8 @@ def check_module(root, bp_path, module, generated):
     if len(numbers) != len(versions) or numbers != sorted(set(numbers)):
         return ['%s: versions must be numbers in rising order, got %s' % (where, versions)]
 
-    previous = 'latest-version'
     for version in versions:
+        previous = str(int(version) - 1) if int(version) > 1 else 'latest-version'
         folder = os.path.join(api_dir, version)
         if not os.path.isdir(folder):
             problems.append('%s: version %s has no folder %s' %
@@ -82,7 +82,6 @@ def check_module(root, bp_path, module, generated):
         if recorded != actual:
             problems.append('%s: version %s: .hash holds %s, the frozen files hash to %s' %
                             (where, version, recorded, actual))
-        previous = version
     if os.path.isdir(api_dir):
         for entry in sorted(os.listdir(api_dir)):
             if entry.isdigit() and entry not in versions:

@@ -168,14 +168,16 @@ class AidlApiTest(TreeTest):
         self.assertEqual(0, result.returncode, result.stderr)
         self.assertIn('a.b V2', result.stdout)
 
-    def test_first_frozen_version_hashes_with_latest_version(self):
-        # The first version listed has no predecessor, whatever its number.
+    def test_version_hashes_with_the_number_before_it(self):
+        # Version 2 hashes with "1" even when version 1 is not kept in the tree.
         self.module(['2'])
-        self.freeze('2', self.INTERFACE, '1')
+        self.freeze('2', self.INTERFACE, 'latest-version')
         write(self.aidl, 'a/b/IFoo.aidl', self.INTERFACE)
         result = self.run_check()
         self.assertEqual(1, result.returncode)
         self.assertIn('version 2: .hash holds', result.stderr)
+        self.freeze('2', self.INTERFACE, '1')
+        self.assertEqual(0, self.run_check().returncode)
 
     def test_edited_frozen_file_and_stray_folder_are_reported(self):
         self.module(['1'])
