@@ -7,12 +7,21 @@
 #include <android/log.h>
 #include <convert.h>
 
+#include "OfflineCameraAIDLSession.h"
+
 namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation {
 
 namespace {
 
 using ::aidl::android::hardware::camera::common::Status;
+using ::android::hardware::camera::device::implementation::convertToAidl;
 using ::android::hardware::camera::device::implementation::convertToScopedAStatus;
+
+constexpr const char* kLogTag = "KivOfflineAIDLSevice";
+
+// Operation modes that offline sessions accept; clients and the backend agree on their meaning.
+constexpr int32_t kSupportedOpModes[] = {0, 1, 2, 3, 4, 5};
+constexpr size_t kOpModesCapacity = 10;
 
 }  // namespace
 
@@ -37,9 +46,16 @@ OfflineCameraAIDLService::OfflineCameraAIDLService()
 OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::getSupportedOpModes(
-        std::vector<int32_t>* /*_aidl_return*/) {
-    // Capability queries are not served by this build yet.
-    return convertToScopedAStatus(Status::OPERATION_NOT_SUPPORTED);
+        std::vector<int32_t>* _aidl_return) {
+    if (_aidl_return->capacity() < kOpModesCapacity) {
+        _aidl_return->reserve(kOpModesCapacity);
+    }
+    for (int32_t mode : kSupportedOpModes) {
+        _aidl_return->push_back(mode);
+    }
+    __android_log_print(ANDROID_LOG_INFO, kLogTag, "%d %s: num of supported OpModes:%zu", 208,
+                        "getSupportedOpModes", _aidl_return->size());
+    return ::ndk::ScopedAStatus(AStatus_newOk());
 }
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::registerClient(
@@ -53,16 +69,40 @@ OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
 }
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::openOfflineSeesion(
-        const std::string& /*in_clientSessionName*/,
-        const std::shared_ptr<IOfflineCameraSessionCallback>& /*in_callback*/,
-        std::shared_ptr<IOfflineCameraSession>* /*_aidl_return*/) {
-    // Offline sessions are not served by this build yet.
-    return convertToScopedAStatus(Status::OPERATION_NOT_SUPPORTED);
+        const std::string& in_clientSessionName,
+        const std::shared_ptr<IOfflineCameraSessionCallback>& in_callback,
+        std::shared_ptr<IOfflineCameraSession>* _aidl_return) {
+    if (in_callback == nullptr) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: callback is null", 223,
+                            "openOfflineSeesion");
+        return convertToScopedAStatus(Status::ILLEGAL_ARGUMENT);
+    }
+    // The service keeps no list of its sessions: each lives as long as its client holds it.
+    std::shared_ptr<OfflineCameraAIDLSession> session =
+            ::ndk::SharedRefBase::make<OfflineCameraAIDLSession>(in_clientSessionName, in_callback);
+    if (session == nullptr) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
+                            "%d %s: offline camera session create failed", 233,
+                            "openOfflineSeesion");
+        _aidl_return->reset();
+        return convertToScopedAStatus(Status::INTERNAL_ERROR);
+    }
+    *_aidl_return = std::move(session);
+    return ::ndk::ScopedAStatus(AStatus_newOk());
 }
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::getOfflineStaticCaps(
-        ::aidl::android::hardware::camera::device::CameraMetadata* /*_aidl_return*/) {
-    return convertToScopedAStatus(Status::OPERATION_NOT_SUPPORTED);
+        ::aidl::android::hardware::camera::device::CameraMetadata* _aidl_return) {
+    // The core keeps the metadata for the life of the process; clients get a copy.
+    const camera_metadata_t* pStaticMeta =
+            OfflineCameraService::GetInstance()->GetOfflineStaticCaps();
+    if (pStaticMeta == nullptr) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%s: get offline static caps failed",
+                            "GetOfflineStaticCaps");
+        return convertToScopedAStatus(Status::INTERNAL_ERROR);
+    }
+    convertToAidl(pStaticMeta, _aidl_return);
+    return ::ndk::ScopedAStatus(AStatus_newOk());
 }
 
 // No consumer can be registered through this build yet, so the core never reaches a client

@@ -185,3 +185,202 @@ void OfflineCameraService::UnRegisterProducerClient(int32_t clientId) {
                             359, "UnRegisterProducerClient", clientId);
     }
 }
+
+namespace {
+
+// Where and how a missing metadata operations entry is reported. The conversions of backend
+// metadata into platform metadata use the "Can not find" wording, every other caller "Not find".
+struct NotFoundLog {
+    bool canNotFind;
+    int line;
+    const char* function;
+};
+
+void LogMetaOpsNotFound(const NotFoundLog& notFound, size_t metaOpSize, uint32_t cameraId) {
+    if (notFound.canNotFind) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
+                            "%d %s: MetaOpSize:%zu, Can not find mFrameworkCameraId:%d metaOps",
+                            notFound.line, notFound.function, metaOpSize, cameraId);
+    } else {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
+                            "%d %s: metaOpSize:%zu, Not find mFrameworkCameraId:%d metaOps",
+                            notFound.line, notFound.function, metaOpSize, cameraId);
+    }
+}
+
+// Runs call(pMetaOps) on the camera's metadata operations with the lock held and returns its
+// result. A camera without an entry is logged; an entry whose table was closed fails silently.
+template <typename MetaOpsMap, typename Result, typename Call>
+Result CallMetaOps(pthread_mutex_t* pLock, const MetaOpsMap& metaOpsMap, uint32_t cameraId,
+                   const NotFoundLog& notFound, Result failure, Call call) {
+    Result result = failure;
+    pthread_mutex_lock(pLock);
+    auto it = metaOpsMap.find(cameraId);
+    if (it == metaOpsMap.end()) {
+        LogMetaOpsNotFound(notFound, metaOpsMap.size(), cameraId);
+    } else if (it->second.pMetaOps != nullptr) {
+        result = call(it->second.pMetaOps);
+    }
+    pthread_mutex_unlock(pLock);
+    return result;
+}
+
+const KivMetadataOps* OpenMetaOps(const KivOfflineIntfCbs* pIntfCbs, uint32_t cameraId) {
+    KivMetadataOpsOpenInfo openInfo = {cameraId, 0, 0};
+    return pIntfCbs->pfnOpenMetadataOps(pIntfCbs, &openInfo);
+}
+
+}  // namespace
+
+void OfflineCameraService::InitMetaOps(uint32_t cameraId) {
+    pthread_mutex_lock(&mMetaOpsLock);
+    auto it = mMetaOpsMap.find(cameraId);
+    if (it != mMetaOpsMap.end() && it->second.refCount != 0) {
+        MetaOpsEntry& entry = it->second;
+        __android_log_print(
+                ANDROID_LOG_INFO, kLogTag,
+                "%d %s: metaOpSize:%zu, ref:%d, FrameworkCameraId:%d, already get metaOps %p", 106,
+                "InitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId, entry.pMetaOps);
+        entry.refCount++;
+    } else if (it != mMetaOpsMap.end()) {
+        // Every user had left: the entry stays and gets a new table. A failed open leaves it
+        // closed.
+        MetaOpsEntry& entry = it->second;
+        if (pOfflineIntfCbs->pfnOpenMetadataOps != nullptr) {
+            entry.pMetaOps = OpenMetaOps(pOfflineIntfCbs, cameraId);
+            if (entry.pMetaOps != nullptr) {
+                entry.refCount++;
+                __android_log_print(
+                        ANDROID_LOG_INFO, kLogTag,
+                        "%d %s: metaOpSize:%zu, ref:%d, frameworkCameraId:%d, Open new metaOps:%p",
+                        126, "InitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId,
+                        entry.pMetaOps);
+            }
+        }
+    } else {
+        const KivMetadataOps* pMetaOps = nullptr;
+        if (pOfflineIntfCbs->pfnOpenMetadataOps != nullptr) {
+            pMetaOps = OpenMetaOps(pOfflineIntfCbs, cameraId);
+        }
+        __android_log_print(ANDROID_LOG_INFO, kLogTag,
+                            "%d %s: metaOpSize:%zu, mFrameworkCameraId:%d, open new metaOps:%p",
+                            143, "InitMetaOps", mMetaOpsMap.size(), cameraId, pMetaOps);
+        if (pMetaOps != nullptr) {
+            mMetaOpsMap.emplace(cameraId, MetaOpsEntry{pMetaOps, 1});
+        }
+    }
+    pthread_mutex_unlock(&mMetaOpsLock);
+}
+
+void OfflineCameraService::DeInitMetaOps(uint32_t cameraId) {
+    pthread_mutex_lock(&mMetaOpsLock);
+    auto it = mMetaOpsMap.find(cameraId);
+    if (it == mMetaOpsMap.end()) {
+        LogMetaOpsNotFound(NotFoundLog{false, 189, "DeInitMetaOps"}, mMetaOpsMap.size(), cameraId);
+        pthread_mutex_unlock(&mMetaOpsLock);
+        return;
+    }
+    MetaOpsEntry& entry = it->second;
+    if (entry.refCount != 0) {
+        entry.refCount--;
+    }
+    __android_log_print(ANDROID_LOG_INFO, kLogTag,
+                        "%d %s: metaOpSize:%zu, ref:%d mLogicalCameraId:%d reduce metaOps:%p", 174,
+                        "DeInitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId,
+                        entry.pMetaOps);
+    if (entry.refCount == 0 && entry.pMetaOps != nullptr) {
+        // The entry stays in the map, closed, until the camera is opened again.
+        (void)entry.pMetaOps->pfnClose(entry.pMetaOps);
+        entry.pMetaOps = nullptr;
+    }
+    pthread_mutex_unlock(&mMetaOpsLock);
+}
+
+uint64_t OfflineCameraService::OpenSession(const KivOfflineSessionInfo* pSessionInfo) {
+    return pOfflineIntfCbs->pfnOpenSession(pOfflineIntfCbs, pSessionInfo);
+}
+
+int32_t OfflineCameraService::ConfigureSession(uint64_t hSession,
+                                               KivOfflineSessionConfigInfo* pConfigInfo) {
+    return pOfflineIntfCbs->pfnConfigureSession(hSession, pConfigInfo);
+}
+
+int32_t OfflineCameraService::ExecuteRequest(uint64_t hSession,
+                                             KivOfflineCaptureRequestInfo* pRequest) {
+    return pOfflineIntfCbs->pfnExecuteRequest(hSession, pRequest);
+}
+
+int32_t OfflineCameraService::Flush(uint64_t hSession, KivOfflineFlushInfo* pFlushInfo) {
+    return pOfflineIntfCbs->pfnFlush(hSession, pFlushInfo);
+}
+
+int32_t OfflineCameraService::Dump(uint64_t hSession) {
+    return pOfflineIntfCbs->pfnDump(hSession);
+}
+
+int32_t OfflineCameraService::CloseSession(uint32_t cameraId, uint64_t hSession) {
+    const int32_t result = pOfflineIntfCbs->pfnCloseSession(hSession);
+    // The session's hold on the camera's metadata operations goes whatever the backend answered.
+    DeInitMetaOps(cameraId);
+    return result;
+}
+
+int32_t OfflineCameraService::TranslateToKivBuffer(const camera3_stream_buffer_t* pHalBuffer,
+                                                   KivStreamBuffer* pKivBuffer) {
+    return pOfflineIntfCbs->pfnTranslateToKivBuffer(pHalBuffer, pKivBuffer);
+}
+
+int32_t OfflineCameraService::TranslateFromKivBuffer(const KivStreamBuffer* pKivBuffer,
+                                                     camera3_stream_buffer_t* pHalBuffer) {
+    return pOfflineIntfCbs->pfnTranslateFromKivBuffer(pKivBuffer, pHalBuffer);
+}
+
+camera_metadata_t* OfflineCameraService::CreateAndroidMetadata(uint32_t cameraId,
+                                                               KivMetadataHandle hMetadata,
+                                                               int32_t arg0, int32_t arg1,
+                                                               uint32_t arg2, uint32_t* pOut) {
+    return CallMetaOps(
+            &mMetaOpsLock, mMetaOpsMap, cameraId, NotFoundLog{true, 544, "CreateAndroidMetadata"},
+            static_cast<camera_metadata_t*>(nullptr), [&](const KivMetadataOps* pMetaOps) {
+                return pMetaOps->pfnCreateAndroidMetadata(pMetaOps, hMetadata, arg0, arg1, arg2,
+                                                          pOut);
+            });
+}
+
+KivMetadataHandle OfflineCameraService::CreateByAndroidMetadata(uint32_t cameraId,
+                                                                const camera_metadata_t* pMetadata,
+                                                                int32_t arg0, int32_t arg1,
+                                                                uint32_t arg2) {
+    return CallMetaOps(
+            &mMetaOpsLock, mMetaOpsMap, cameraId, NotFoundLog{true, 580, "CreateByAndroidMetadata"},
+            static_cast<KivMetadataHandle>(nullptr), [&](const KivMetadataOps* pMetaOps) {
+                return pMetaOps->pfnCreateByAndroidMetadata(pMetaOps, pMetadata, arg0, arg1, arg2);
+            });
+}
+
+KivMetadataHandle OfflineCameraService::CreateKivMetaData(uint32_t cameraId, const uint32_t* pTags,
+                                                          uint32_t count) {
+    return CallMetaOps(
+            &mMetaOpsLock, mMetaOpsMap, cameraId, NotFoundLog{false, 623, "CreateKivMetaData"},
+            static_cast<KivMetadataHandle>(nullptr), [&](const KivMetadataOps* pMetaOps) {
+                return pMetaOps->pfnCreateKivMetadata(pMetaOps, pTags, count);
+            });
+}
+
+int32_t OfflineCameraService::DestoryKivMetadata(uint32_t cameraId, KivMetadataHandle hMetadata) {
+    // The destroy slot takes the handle alone; the table only has to be open.
+    return CallMetaOps(&mMetaOpsLock, mMetaOpsMap, cameraId,
+                       NotFoundLog{false, 654, "DestoryKivMetadata"}, int32_t{1},
+                       [&](const KivMetadataOps* pMetaOps) {
+                           return pMetaOps->pfnDestroyKivMetadata(hMetadata);
+                       });
+}
+
+int32_t OfflineCameraService::ReleaseAndroidMetadata(uint32_t cameraId,
+                                                     camera_metadata_t* pMetadata) {
+    return CallMetaOps(&mMetaOpsLock, mMetaOpsMap, cameraId,
+                       NotFoundLog{false, 687, "ReleaseAndroidMetadata"}, int32_t{1},
+                       [&](const KivMetadataOps* pMetaOps) {
+                           return pMetaOps->pfnReleaseAndroidMetadata(pMetaOps, pMetadata);
+                       });
+}

@@ -11,7 +11,10 @@ if ! grep -qx 'RegisterOfflineCameraAIDLService' <<<"$defined"; then
     status=1
 fi
 for member in GetInstance Initialize GetOfflineStaticCaps RegisterConsumerClient \
-        unRegisterConsumerClient RegisterProducerClient UnRegisterProducerClient; do
+        unRegisterConsumerClient RegisterProducerClient UnRegisterProducerClient \
+        InitMetaOps DeInitMetaOps OpenSession ConfigureSession ExecuteRequest Flush Dump \
+        CloseSession TranslateToKivBuffer TranslateFromKivBuffer CreateAndroidMetadata \
+        CreateByAndroidMetadata CreateKivMetaData DestoryKivMetadata ReleaseAndroidMetadata; do
     if ! grep -q "^_ZN20OfflineCameraService[0-9]*${member}E" <<<"$defined"; then
         echo "missing export: OfflineCameraService::${member}"
         status=1

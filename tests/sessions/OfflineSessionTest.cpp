@@ -1,0 +1,391 @@
+/*
+ * Offline sessions as a remote client uses them: capability queries, opening sessions through
+ * the published IOfflineCameraService, and the life of a session (flush, dump, close, the
+ * client's death, destruction). The service is published once per process and the core is
+ * bound once, so each scenario runs in a child process of its own.
+ */
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraSession.h>
+#include <android/binder_manager.h>
+#include <gtest/gtest.h>
+#include <hostplatform/BinderTesting.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "IsolatedCoreTest.h"
+#include "OfflineCameraAIDLService.h"
+
+namespace offlinecamera::test {
+namespace {
+
+using ::aidl::android::hardware::camera::device::CameraMetadata;
+using ::aidl::android::hardware::camera::device::CaptureResult;
+using ::aidl::android::hardware::camera::device::NotifyMsg;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraService;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
+
+constexpr const char* kInstance =
+        "vendor.oru.hardware.camera.offlinecamera.IOfflineCameraService/default";
+constexpr const char* kServiceTag = "KivOfflineAIDLSevice";
+constexpr const char* kSessionTag = "KivOfflineAIDLSession";
+
+// Camera 0 has no metadata operations until a session is configured for it.
+const LogLine kNoOperationsForCamera0 = {
+        ANDROID_LOG_ERROR, kCoreTag,
+        "189 DeInitMetaOps: metaOpSize:0, Not find mFrameworkCameraId:0 metaOps"};
+
+LogLine OpenedLine(uint64_t handle, const char* name) {
+    return {ANDROID_LOG_INFO, kSessionTag,
+            Format("76 OfflineCameraAIDLSession: Open an Offline session:%lu. "
+                   "clientSessionName:%s",
+                   static_cast<unsigned long>(handle), name)};
+}
+
+class SessionCallback : public BnOfflineCameraSessionCallback {
+  public:
+    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& /*msgs*/) override {
+        return ::ndk::ScopedAStatus::ok();
+    }
+    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& /*results*/) override {
+        return ::ndk::ScopedAStatus::ok();
+    }
+};
+
+// A session callback living in the client's process; the binder keeps it remote.
+struct RemoteCallback {
+    std::shared_ptr<SessionCallback> object;
+    ::ndk::SpAIBinder binder;
+};
+
+// What the scenarios make and must give back: library and backend resources, backend sessions,
+// binders and death recipients.
+struct Leftovers {
+    ResourceCounts resources;
+    size_t sessions;
+    size_t binders;
+    size_t recipients;
+
+    static Leftovers Take() {
+        return {ResourceCounts::Take(), kivref::LiveSessions(), ::ndk::host::liveBinderCount(),
+                ::ndk::host::deathRecipientCount()};
+    }
+    bool operator==(const Leftovers& o) const {
+        return resources == o.resources && sessions == o.sessions && binders == o.binders &&
+               recipients == o.recipients;
+    }
+};
+
+// The backend handle of the session opened last.
+uint64_t LastSessionHandle() {
+    std::vector<kivref::CallRecord> opens = CallsOf(kivref::Slot::OpenSession);
+    return opens.empty() ? 0 : opens.back().session;
+}
+
+// A session as its client holds it, with the callback it was opened with.
+struct OpenedSession {
+    RemoteCallback callback;
+    std::shared_ptr<IOfflineCameraSession> session;
+    uint64_t handle = 0;  // the backend's handle, 0 when it refused
+};
+
+// A client in another process: it reaches the service, and the sessions it opens, through
+// proxies of remote binders.
+class RemoteClient {
+  public:
+    explicit RemoteClient(const char* vendorRoot = TEST_VENDOR_ROOT) {
+        Vorn::Host::SetVendorRoot(vendorRoot);
+        RegisterOfflineCameraAIDLService();
+        ::ndk::SpAIBinder binder(AServiceManager_waitForService(kInstance));
+        ::ndk::host::setRemote(binder.get(), true);
+        mService = IOfflineCameraService::fromBinder(binder);
+        // The core binds the backend on first use; what it holds stays for the process.
+        OfflineCameraService::GetInstance();
+        kivref::ClearCalls();
+        LogCapture::Clear();
+        mBefore = Leftovers::Take();
+    }
+
+    IOfflineCameraService& Service() { return *mService; }
+
+    static RemoteCallback MakeCallback() {
+        RemoteCallback callback;
+        callback.object = ::ndk::SharedRefBase::make<SessionCallback>();
+        callback.binder = callback.object->asBinder();
+        ::ndk::host::setRemote(callback.binder.get(), true);
+        return callback;
+    }
+
+    // Opens a session and holds it as the client does, through a proxy; null on failure.
+    std::shared_ptr<IOfflineCameraSession> Open(const std::string& name,
+                                                const RemoteCallback& callback) {
+        std::shared_ptr<IOfflineCameraSession> session;
+        ::ndk::ScopedAStatus status = mService->openOfflineSeesion(name, callback.object, &session);
+        EXPECT_TRUE(status.isOk()) << status.getDescription();
+        if (session == nullptr) return nullptr;
+        ::ndk::SpAIBinder binder = session->asBinder();
+        ::ndk::host::setRemote(binder.get(), true);
+        return IOfflineCameraSession::fromBinder(binder);
+    }
+
+    // Opens a session with a callback of its own.
+    OpenedSession OpenSession(const std::string& name) {
+        OpenedSession opened;
+        opened.callback = MakeCallback();
+        opened.session = Open(name, opened.callback);
+        opened.handle = LastSessionHandle();
+        return opened;
+    }
+
+    // Everything made since construction is gone again.
+    void ExpectBalanced() const { EXPECT_TRUE(mBefore == Leftovers::Take()); }
+
+  private:
+    std::shared_ptr<IOfflineCameraService> mService;
+    Leftovers mBefore;
+};
+
+// Runs a scenario in a child process, which passes only if no expectation failed there.
+void RunInChild(void (*scenario)()) {
+    EXPECT_EXIT(
+            {
+                LogCapture::Start();
+                scenario();
+                if (::testing::Test::HasFailure()) {
+                    fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str());
+                    _exit(1);
+                }
+                _exit(0);
+            },
+            ::testing::ExitedWithCode(0), "");
+}
+
+// ---------------------------------------------------------------------------------------------
+// Capability queries and session opening
+
+void QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps() {
+    RemoteClient client;
+    std::vector<int32_t> modes;
+    EXPECT_TRUE(client.Service().getSupportedOpModes(&modes).isOk());
+    EXPECT_EQ((std::vector<int32_t>{0, 1, 2, 3, 4, 5}), modes);
+    EXPECT_EQ((std::vector<LogLine>{{ANDROID_LOG_INFO, kServiceTag,
+                                     "208 getSupportedOpModes: num of supported OpModes:6"}}),
+              LogCapture::Lines(kServiceTag));
+
+    const camera_metadata_t* core = OfflineCameraService::GetInstance()->GetOfflineStaticCaps();
+    ASSERT_NE(nullptr, core);
+    const uint8_t* coreBytes = reinterpret_cast<const uint8_t*>(core);
+    CameraMetadata caps;
+    EXPECT_TRUE(client.Service().getOfflineStaticCaps(&caps).isOk());
+    EXPECT_EQ(std::vector<uint8_t>(coreBytes, coreBytes + get_camera_metadata_size(core)),
+              caps.metadata);
+    EXPECT_TRUE(kivref::Calls().empty());
+    client.ExpectBalanced();
+}
+
+void StaticCapsWithoutABoundBackendAreAnInternalError() {
+    RemoteClient client(TEST_VENDOR_ROOT_EMPTY);
+    CameraMetadata caps;
+    ::ndk::ScopedAStatus status = client.Service().getOfflineStaticCaps(&caps);
+    EXPECT_EQ(EX_SERVICE_SPECIFIC, status.getExceptionCode());
+    EXPECT_EQ(6, status.getServiceSpecificError());
+    EXPECT_TRUE(caps.metadata.empty());
+    EXPECT_EQ((std::vector<LogLine>{{ANDROID_LOG_ERROR, kServiceTag,
+                                     "GetOfflineStaticCaps: get offline static caps failed"}}),
+              LogCapture::Lines(kServiceTag));
+}
+
+void OpeningWithoutACallbackIsRefused() {
+    RemoteClient client;
+    std::shared_ptr<IOfflineCameraSession> session;
+    ::ndk::ScopedAStatus status = client.Service().openOfflineSeesion("nobody", nullptr, &session);
+    EXPECT_EQ(EX_SERVICE_SPECIFIC, status.getExceptionCode());
+    EXPECT_EQ(1, status.getServiceSpecificError());
+    EXPECT_EQ(nullptr, session);
+    EXPECT_EQ((std::vector<LogLine>{{ANDROID_LOG_ERROR, kServiceTag,
+                                     "223 openOfflineSeesion: callback is null"}}),
+              LogCapture::Lines(kServiceTag));
+    EXPECT_TRUE(kivref::Calls().empty());
+    client.ExpectBalanced();
+}
+
+TEST(OfflineSessionOpeningTest, QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps) {
+    RunInChild(QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps);
+}
+
+TEST(OfflineSessionOpeningTest, StaticCapsWithoutABoundBackendAreAnInternalError) {
+    RunInChild(StaticCapsWithoutABoundBackendAreAnInternalError);
+}
+
+TEST(OfflineSessionOpeningTest, OpeningWithoutACallbackIsRefused) {
+    RunInChild(OpeningWithoutACallbackIsRefused);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Session life
+
+void RemoteClientOpensFlushesDumpsAndCloses() {
+    RemoteClient client;
+    {
+        OpenedSession opened = client.OpenSession("portrait");
+        ASSERT_NE(nullptr, opened.session);
+        EXPECT_TRUE(opened.session->isRemote());
+        const uint64_t handle = opened.handle;
+        ASSERT_NE(0u, handle);
+        kivref::CallRecord open = CallsOf(kivref::Slot::OpenSession).at(0);
+        EXPECT_EQ("portrait", open.text);
+        EXPECT_NE(nullptr, open.pointer);
+        EXPECT_EQ(1u, kivref::LiveSessions());
+        // The session watches the client's callback.
+        EXPECT_EQ(1u, ::ndk::host::linkCount(opened.callback.binder.get()));
+
+        OfflineFlushInfo flush;
+        flush.flushFlags = 3;
+        EXPECT_TRUE(opened.session->flushOfflineSession(flush).isOk());
+        EXPECT_TRUE(opened.session->dumpOfflineSession().isOk());
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        EXPECT_EQ(0u, kivref::LiveSessions());
+
+        std::vector<kivref::Slot> slots;
+        for (const kivref::CallRecord& call : kivref::Calls()) {
+            slots.push_back(call.slot);
+            EXPECT_EQ(handle, call.session);
+            EXPECT_EQ(0, call.status);
+        }
+        EXPECT_EQ((std::vector<kivref::Slot>{kivref::Slot::OpenSession, kivref::Slot::Flush,
+                                             kivref::Slot::Dump, kivref::Slot::CloseSession}),
+                  slots);
+        EXPECT_EQ(3, CallsOf(kivref::Slot::Flush).at(0).ints[0]);
+        EXPECT_EQ(std::vector<LogLine>{OpenedLine(handle, "portrait")},
+                  LogCapture::Lines(kSessionTag));
+        EXPECT_EQ(std::vector<LogLine>{kNoOperationsForCamera0}, LogCapture::Lines(kCoreTag));
+        kivref::ClearCalls();
+    }
+    // The last reference ends the closed session without closing it again.
+    EXPECT_TRUE(kivref::Calls().empty());
+    client.ExpectBalanced();
+}
+
+void ARefusedSessionStillAnswersOk() {
+    RemoteClient client;
+    kivref::SetSlotFailure(kivref::Slot::OpenSession, true);
+    {
+        OpenedSession opened = client.OpenSession("refused");
+        ASSERT_NE(nullptr, opened.session);
+        EXPECT_EQ((std::vector<LogLine>{{ANDROID_LOG_ERROR, kSessionTag,
+                                         "81 OfflineCameraAIDLSession: Open offline session "
+                                         "failed! clientSessionName:refused "}}),
+                  LogCapture::Lines(kSessionTag));
+
+        OfflineFlushInfo flush;
+        EXPECT_TRUE(opened.session->flushOfflineSession(flush).isOk());
+        EXPECT_TRUE(opened.session->dumpOfflineSession().isOk());
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        // Every operation still reaches the backend, with handle 0.
+        EXPECT_EQ(4u, kivref::Calls().size());
+        for (const kivref::CallRecord& call : kivref::Calls()) {
+            EXPECT_EQ(0u, call.session);
+        }
+    }
+    client.ExpectBalanced();
+}
+
+void ClosingTwiceClosesTheBackendTwice() {
+    RemoteClient client;
+    {
+        OpenedSession opened = client.OpenSession("twice");
+        ASSERT_NE(nullptr, opened.session);
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+
+        std::vector<kivref::CallRecord> closes = CallsOf(kivref::Slot::CloseSession);
+        ASSERT_EQ(2u, closes.size());
+        EXPECT_EQ(opened.handle, closes[0].session);
+        EXPECT_EQ(opened.handle, closes[1].session);
+        EXPECT_EQ(2u, LogCapture::Count(kNoOperationsForCamera0));
+        // Nothing was cached or configured, so neither close frees buffers or metadata.
+        EXPECT_EQ(std::vector<LogLine>{OpenedLine(opened.handle, "twice")},
+                  LogCapture::Lines(kSessionTag));
+    }
+    EXPECT_EQ(2u, CallsOf(kivref::Slot::CloseSession).size());
+    client.ExpectBalanced();
+}
+
+void AClientDeathIsOnlyLogged() {
+    RemoteClient client;
+    {
+        OpenedSession opened = client.OpenSession("night");
+        ASSERT_NE(nullptr, opened.session);
+        kivref::ClearCalls();
+        LogCapture::Clear();
+
+        ::ndk::host::kill(opened.callback.binder.get());
+        EXPECT_EQ((std::vector<LogLine>{{ANDROID_LOG_INFO, kSessionTag,
+                                         "110 binderDied: client callback die, session "
+                                         "name:night"}}),
+                  LogCapture::Lines(kSessionTag));
+        EXPECT_TRUE(kivref::Calls().empty());
+        EXPECT_EQ(1u, kivref::LiveSessions());
+
+        // The session goes on serving until its client's last reference goes.
+        OfflineFlushInfo flush;
+        EXPECT_TRUE(opened.session->flushOfflineSession(flush).isOk());
+        ASSERT_EQ(1u, CallsOf(kivref::Slot::Flush).size());
+        EXPECT_EQ(opened.handle, CallsOf(kivref::Slot::Flush)[0].session);
+    }
+    // The last reference closes the session that its client never closed.
+    EXPECT_EQ(1u, CallsOf(kivref::Slot::CloseSession).size());
+    client.ExpectBalanced();
+}
+
+void TwoSessionsWithOneNameAreIndependent() {
+    RemoteClient client;
+    {
+        RemoteCallback callback = RemoteClient::MakeCallback();
+        std::shared_ptr<IOfflineCameraSession> first = client.Open("same", callback);
+        const uint64_t firstHandle = LastSessionHandle();
+        std::shared_ptr<IOfflineCameraSession> second = client.Open("same", callback);
+        const uint64_t secondHandle = LastSessionHandle();
+        ASSERT_NE(nullptr, first);
+        ASSERT_NE(nullptr, second);
+        EXPECT_NE(first->asBinder(), second->asBinder());
+        EXPECT_NE(firstHandle, secondHandle);
+        EXPECT_EQ(2u, ::ndk::host::linkCount(callback.binder.get()));
+
+        EXPECT_TRUE(first->closeOfflineSession().isOk());
+        EXPECT_EQ(1u, kivref::LiveSessions());
+        EXPECT_TRUE(second->dumpOfflineSession().isOk());
+        std::vector<kivref::CallRecord> dumps = CallsOf(kivref::Slot::Dump);
+        ASSERT_EQ(1u, dumps.size());
+        EXPECT_EQ(secondHandle, dumps[0].session);
+        EXPECT_EQ(0, dumps[0].status);
+    }
+    client.ExpectBalanced();
+}
+
+TEST(OfflineSessionLifeTest, RemoteClientOpensFlushesDumpsAndCloses) {
+    RunInChild(RemoteClientOpensFlushesDumpsAndCloses);
+}
+
+TEST(OfflineSessionLifeTest, ARefusedSessionStillAnswersOk) {
+    RunInChild(ARefusedSessionStillAnswersOk);
+}
+
+TEST(OfflineSessionLifeTest, ClosingTwiceClosesTheBackendTwice) {
+    RunInChild(ClosingTwiceClosesTheBackendTwice);
+}
+
+TEST(OfflineSessionLifeTest, AClientDeathIsOnlyLogged) {
+    RunInChild(AClientDeathIsOnlyLogged);
+}
+
+TEST(OfflineSessionLifeTest, TwoSessionsWithOneNameAreIndependent) {
+    RunInChild(TwoSessionsWithOneNameAreIndependent);
+}
+
+}  // namespace
+}  // namespace offlinecamera::test
