@@ -59,6 +59,9 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
     ::ndk::ScopedAStatus getOfflineStaticCaps(
             ::aidl::android::hardware::camera::device::CameraMetadata* _aidl_return) override;
 
+    /* The callback record that this service hands to the core with every registration. */
+    const ClientCallbacks& clientCallbacks() const { return mClientCallbacks; }
+
   private:
     /* Consumer callbacks handed to the core; pPrivateData is the service. */
     static int32_t processCaptureResultCb(const ClientCallbacks* pCallbackOps, int32_t clientId,
