@@ -11,7 +11,8 @@ if ! grep -qx 'RegisterOfflineCameraAIDLService' <<<"$defined"; then
     status=1
 fi
 for member in GetInstance Initialize GetOfflineStaticCaps RegisterConsumerClient \
-        unRegisterConsumerClient RegisterProducerClient UnRegisterProducerClient; do
+        unRegisterConsumerClient RegisterProducerClient UnRegisterProducerClient \
+        RequestStreamBuffers ProcessCaptureResult; do
     if ! grep -q "^_ZN20OfflineCameraService[0-9]*${member}E" <<<"$defined"; then
         echo "missing export: OfflineCameraService::${member}"
         status=1

@@ -1,0 +1,468 @@
+/*
+ * The producer asks a registered consumer for buffers and hands them back in capture results,
+ * through the core's exported operations and the service's callbacks.
+ */
+#include <hostplatform/GrallocTesting.h>
+#include <string.h>
+#include <ui/GraphicBufferMapper.h>
+
+#include "BrokeringTestSupport.h"
+#include "OfflineCameraService.h"
+
+namespace offlinecamera::test {
+namespace {
+
+using ::aidl::android::hardware::camera::device::BufferStatus;
+using ::aidl::android::hardware::camera::device::Stream;
+using ::aidl::android::hardware::camera::device::StreamRotation;
+using ::aidl::android::hardware::camera::device::StreamType;
+using ::aidl::android::hardware::graphics::common::BufferUsage;
+using ::aidl::android::hardware::graphics::common::Dataspace;
+using ::aidl::android::hardware::graphics::common::PixelFormat;
+
+constexpr int32_t kClient = 7;
+
+size_t LiveImports() {
+    return ::android::hostgralloc::liveImportCount();
+}
+
+LogLine Found(int32_t id) {
+    return ServiceLine(ANDROID_LOG_INFO,
+                       Format("279 findCallback: find the callback for this clientID :%d", id));
+}
+
+LogLine Lent(const camera3_stream_buffer_t& buffer, int32_t streamId, int64_t bufferId) {
+    return ServiceLine(ANDROID_LOG_INFO,
+                       Format("381 requestStreamBuffers: buffer:%p!, streamId:%d, bufferId:%lu",
+                              static_cast<void*>(buffer.buffer), streamId,
+                              static_cast<unsigned long>(bufferId)));
+}
+
+LogLine InvalidLent() {
+    return ServiceLine(
+            ANDROID_LOG_ERROR,
+            Format("367 requestStreamBuffers: output buffer for clientID %d is invalid!", kClient));
+}
+
+SeenBuffer Back(size_t stream, int64_t bufferId, BufferStatus status = BufferStatus::OK) {
+    return {ClientStreamId(stream), bufferId, status, false, false};
+}
+
+// Streams of the HAL: a preview stream and a smaller RGBA stream.
+struct Streams {
+    camera3_stream_t preview = MakeStream(64, 48, HAL_PIXEL_FORMAT_YCBCR_420_888, 0x33,
+                                          HAL_DATASPACE_V0_JFIF, CAMERA3_STREAM_ROTATION_90);
+    camera3_stream_t rgba = MakeStream(32, 16, HAL_PIXEL_FORMAT_RGBA_8888, 0x3, HAL_DATASPACE_SRGB,
+                                       CAMERA3_STREAM_ROTATION_0);
+};
+
+std::shared_ptr<TestClient> Register(Scenario& s) {
+    auto client = ::ndk::SharedRefBase::make<TestClient>();
+    EXPECT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
+    return client;
+}
+
+// The producer fills a lent buffer through the graphics buffer mapper, as a camera HAL does.
+void Fill(const camera3_stream_buffer_t& buffer, uint8_t value) {
+    buffer_handle_t handle = *buffer.buffer;
+    const int* ints = &handle->data[handle->numFds];
+    void* address = nullptr;
+    ASSERT_EQ(::android::OK, ::android::GraphicBufferMapper::get().lock(
+                                     handle, 0x30, ::android::Rect(ints[1], ints[2]), &address));
+    memset(address, value, static_cast<size_t>(ints[7]));
+    EXPECT_EQ(::android::OK, ::android::GraphicBufferMapper::get().unlock(handle));
+}
+
+bool AllBytesAre(const std::vector<uint8_t>& bytes, uint8_t value) {
+    if (bytes.empty()) return false;
+    for (uint8_t byte : bytes) {
+        if (byte != value) return false;
+    }
+    return true;
+}
+
+class BufferRequestTest : public BalancedTest {};
+
+void LendsBuffersOfTwoStreamsInOrder(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    const size_t imports = LiveImports();
+    LogCapture::Clear();
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.preview, &streams.rgba}, {3, 3}));
+    EXPECT_EQ(2u, producer.ReturnedCount());
+    EXPECT_EQ(imports + 6, LiveImports());
+
+    ASSERT_EQ(1u, client->Requests().size());
+    const std::vector<OfflineBufferRequest> requests = client->Requests()[0];
+    ASSERT_EQ(2u, requests.size());
+    const Stream& preview = requests[0].stream;
+    EXPECT_EQ(0, preview.id);
+    EXPECT_EQ(StreamType::OUTPUT, preview.streamType);
+    EXPECT_EQ(64, preview.width);
+    EXPECT_EQ(48, preview.height);
+    EXPECT_EQ(PixelFormat::YCBCR_420_888, preview.format);
+    EXPECT_EQ(static_cast<BufferUsage>(0x33), preview.usage);
+    EXPECT_EQ(static_cast<Dataspace>(HAL_DATASPACE_V0_JFIF), preview.dataSpace);
+    EXPECT_EQ(StreamRotation::ROTATION_90, preview.rotation);
+    EXPECT_EQ(64 * 48 * 2, preview.bufferSize);
+    EXPECT_EQ(3, requests[0].numBuffersRequested);
+    EXPECT_EQ(32 * 16 * 2, requests[1].stream.bufferSize);
+    EXPECT_EQ(StreamRotation::ROTATION_0, requests[1].stream.rotation);
+
+    std::vector<LogLine> expected = {
+            Found(kClient),
+            ServiceLine(ANDROID_LOG_INFO,
+                        Format("319 requestStreamBuffers: clientID:7, i:0, format:35, "
+                               "dataSpace:%d, usage:51, rotation:1, wXh:64, 48",
+                               HAL_DATASPACE_V0_JFIF)),
+            ServiceLine(ANDROID_LOG_INFO,
+                        Format("319 requestStreamBuffers: clientID:7, i:1, format:1, "
+                               "dataSpace:%d, usage:3, rotation:0, wXh:32, 16",
+                               HAL_DATASPACE_SRGB))};
+    const camera3_stream_t* streamOf[] = {&streams.preview, &streams.rgba};
+    int64_t bufferId = 1;
+    for (size_t i = 0; i < 2; i++) {
+        EXPECT_EQ(3u, producer.Returned()[i].num_output_buffers);
+        for (size_t j = 0; j < 3; j++) {
+            const camera3_stream_buffer_t& buffer = producer.Buffer(i, j);
+            expected.push_back(Lent(buffer, ClientStreamId(i), bufferId++));
+            EXPECT_EQ(streamOf[i], buffer.stream);
+            EXPECT_EQ(CAMERA3_BUFFER_STATUS_OK, buffer.status);
+            EXPECT_EQ(-1, buffer.acquire_fence);
+            EXPECT_EQ(-1, buffer.release_fence);
+            // The pointer leads to an imported copy of the buffer of this stream's size.
+            ASSERT_NE(nullptr, buffer.buffer);
+            ASSERT_NE(nullptr, *buffer.buffer);
+            EXPECT_EQ(static_cast<int>(streamOf[i]->width), (*buffer.buffer)->data[2]);
+        }
+    }
+    EXPECT_EQ(expected, LogCapture::Lines(kServiceTag));
+    EXPECT_TRUE(LogCapture::Contains(CoreLine(
+            ANDROID_LOG_INFO,
+            "410 RequestStreamBuffers: clientID 7, numBufferReqs:2, NumReturnedBufReqs:2")));
+
+    // Handed back last-lent first, each buffer finds its own record.
+    std::vector<camera3_stream_buffer_t> all;
+    for (size_t i = 2; i-- > 0;) {
+        for (size_t j = 3; j-- > 0;) all.push_back(producer.Buffer(i, j));
+    }
+    EXPECT_EQ(0, producer.Result(1, nullptr, all));
+    ASSERT_EQ(1u, client->Results().size());
+    EXPECT_EQ((std::vector<SeenBuffer>{Back(1, 6), Back(1, 5), Back(1, 4), Back(0, 3), Back(0, 2),
+                                       Back(0, 1)}),
+              client->Results()[0].buffers);
+    EXPECT_EQ(imports, LiveImports());
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(BufferRequestTest, LendsBuffersOfTwoStreamsInOrder) {
+    EXPECT_SCENARIO(LendsBuffersOfTwoStreamsInOrder);
+}
+
+void EveryEntryAsksForTheFirstCount(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.preview, &streams.rgba}, {2, 5}));
+    EXPECT_EQ(2u, producer.Returned()[0].num_output_buffers);
+    EXPECT_EQ(5u, producer.Returned()[1].num_output_buffers);
+    ASSERT_EQ(1u, client->Requests().size());
+    EXPECT_EQ(2, client->Requests()[0][0].numBuffersRequested);
+    EXPECT_EQ(2, client->Requests()[0][1].numBuffersRequested);
+
+    EXPECT_EQ(0, producer.Result(1, nullptr,
+                                 {producer.Buffer(1, 1), producer.Buffer(1, 0),
+                                  producer.Buffer(0, 1), producer.Buffer(0, 0)}));
+    ASSERT_EQ(1u, client->Results().size());
+    EXPECT_EQ((std::vector<SeenBuffer>{Back(1, 4), Back(1, 3), Back(0, 2), Back(0, 1)}),
+              client->Results()[0].buffers);
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(BufferRequestTest, EveryEntryAsksForTheFirstCount) {
+    EXPECT_SCENARIO(EveryEntryAsksForTheFirstCount);
+}
+
+void UnknownClientGetsNothing(Scenario&) {
+    Streams streams;
+    Producer producer(99);
+    EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN, producer.Request({&streams.preview}, {1}));
+    EXPECT_EQ(0u, producer.ReturnedCount());
+    EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN, producer.Result(1, nullptr, {}));
+    EXPECT_EQ((std::vector<LogLine>{
+                      CoreLine(ANDROID_LOG_ERROR,
+                               "381 RequestStreamBuffers: Do not have  this clientID: :99"),
+                      CoreLine(ANDROID_LOG_ERROR,
+                               "427 ProcessCaptureResult: Do not have  this clientID: :99")}),
+              LogCapture::Lines());
+}
+TEST_F(BufferRequestTest, UnknownClientGetsNothing) {
+    EXPECT_SCENARIO(UnknownClientGetsNothing);
+}
+
+void MissingArraysAndResultAreIgnored(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    camera3_buffer_request_t request = {&streams.preview, 1};
+    camera3_stream_buffer_ret_t returned = {};
+    uint32_t count = 5;
+    OfflineCameraService* core = OfflineCameraService::GetInstance();
+    LogCapture::Clear();
+    EXPECT_EQ(CAMERA3_BUF_REQ_OK,
+              core->RequestStreamBuffers(kClient, 1, nullptr, &count, &returned));
+    EXPECT_EQ(CAMERA3_BUF_REQ_OK, core->RequestStreamBuffers(kClient, 1, &request, &count, nullptr));
+    EXPECT_EQ(0, core->ProcessCaptureResult(kClient, nullptr));
+    EXPECT_EQ(5u, count);
+    EXPECT_TRUE(LogCapture::Lines().empty()) << LogCapture::Dump();
+    EXPECT_TRUE(client->Requests().empty());
+    EXPECT_TRUE(client->Results().empty());
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(BufferRequestTest, MissingArraysAndResultAreIgnored) {
+    EXPECT_SCENARIO(MissingArraysAndResultAreIgnored);
+}
+
+void NoRequestsIsAnIllegalArgument(Scenario& s) {
+    auto client = Register(s);
+    Producer producer(kClient);
+    LogCapture::Clear();
+    EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS, producer.Request({}, {}));
+    EXPECT_EQ(Producer::kUntouchedCount, producer.ReturnedCount());
+    EXPECT_EQ(
+            (std::vector<LogLine>{ServiceLine(ANDROID_LOG_ERROR,
+                                              "660 requestStreamBuffersCb: pCallbackOps is NULL OR "
+                                              "requestParams size is 0!"),
+                                  CoreLine(ANDROID_LOG_INFO,
+                                           "410 RequestStreamBuffers: clientID 7, numBufferReqs:0, "
+                                           "NumReturnedBufReqs:77")}),
+            LogCapture::Lines());
+    EXPECT_TRUE(client->Requests().empty());
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(BufferRequestTest, NoRequestsIsAnIllegalArgument) {
+    EXPECT_SCENARIO(NoRequestsIsAnIllegalArgument);
+}
+
+void ConsumerFailuresLendNothing(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    const size_t imports = LiveImports();
+    const std::string failed =
+            ::ndk::ScopedAStatus::fromStatus(STATUS_FAILED_TRANSACTION).getDescription();
+    const std::string ok = ::ndk::ScopedAStatus::ok().getDescription();
+    const struct {
+        TestClient::Reply reply;
+        std::string log;
+    } cases[] = {
+            {TestClient::Reply::kTransactionFails,
+             Format("337 requestStreamBuffers: Request buffer Failed!Transaction error: %s or "
+                    "status error:0",
+                    failed.c_str())},
+            {TestClient::Reply::kStatusFails,
+             Format("337 requestStreamBuffers: Request buffer Failed!Transaction error: %s or "
+                    "status error:1",
+                    ok.c_str())},
+            {TestClient::Reply::kOneEntryTooFew,
+             "344 requestStreamBuffers: Request buffer num error request:2, return:1"},
+    };
+    for (const auto& c : cases) {
+        client->SetReply(c.reply);
+        LogCapture::Clear();
+        EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN,
+                  producer.Request({&streams.preview, &streams.rgba}, {1, 1}));
+        EXPECT_EQ(Producer::kUntouchedCount, producer.ReturnedCount());
+        const std::vector<LogLine> lines = LogCapture::Lines(kServiceTag);
+        ASSERT_FALSE(lines.empty());
+        EXPECT_EQ(ServiceLine(ANDROID_LOG_ERROR, c.log), lines.back());
+        EXPECT_EQ(imports, LiveImports());
+        EXPECT_EQ(nullptr, producer.Buffer(0, 0).buffer);
+    }
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(BufferRequestTest, ConsumerFailuresLendNothing) {
+    EXPECT_SCENARIO(ConsumerFailuresLendNothing);
+}
+
+void InvalidBufferEndsTheRequest(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    const size_t imports = LiveImports();
+    const struct {
+        TestClient::Reply reply;
+        uint32_t count;
+    } cases[] = {
+            {TestClient::Reply::kSecondBufferUnimportable, 3},
+            {TestClient::Reply::kSecondBufferEmpty, 3},
+            {TestClient::Reply::kOneBufferTooMany, 1},
+    };
+    for (const auto& c : cases) {
+        client->SetReply(c.reply);
+        LogCapture::Clear();
+        EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN, producer.Request({&streams.rgba}, {c.count}));
+        EXPECT_EQ(Producer::kUntouchedCount, producer.ReturnedCount());
+        const std::vector<LogLine> lines = LogCapture::Lines(kServiceTag);
+        ASSERT_FALSE(lines.empty());
+        EXPECT_EQ(InvalidLent(), lines.back());
+        // The buffer lent before the bad one stays lent; none after it is taken.
+        EXPECT_EQ(imports + 1, LiveImports());
+        EXPECT_NE(nullptr, producer.Buffer(0, 0).buffer);
+        if (c.count > 1) EXPECT_EQ(nullptr, producer.Buffer(0, 1).buffer);
+        EXPECT_EQ(0, producer.Result(1, nullptr, {producer.Buffer(0, 0)}));
+        EXPECT_EQ(imports, LiveImports());
+    }
+    EXPECT_EQ(3u, client->Results().size());
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(BufferRequestTest, InvalidBufferEndsTheRequest) {
+    EXPECT_SCENARIO(InvalidBufferEndsTheRequest);
+}
+
+void ErrorInsteadOfBuffers(Scenario& s) {
+    auto client = Register(s);
+    client->SetReply(TestClient::Reply::kErrorInsteadOfBuffers);
+    Streams streams;
+    Producer producer(kClient);
+    producer.Request({&streams.preview}, {1});
+}
+TEST_F(BufferRequestTest, ErrorInsteadOfBuffersStopsTheProcess) {
+    EXPECT_DEATH(RunScenario(ErrorInsteadOfBuffers), "bad access: a wrong tag");
+}
+
+class CaptureResultTest : public BalancedTest {};
+
+void DeliversMetadataAndBuffersWrittenByTheProducer(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    const size_t imports = LiveImports();
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.preview, &streams.rgba}, {1, 1}));
+    Fill(producer.Buffer(0, 0), 0x5a);
+    Fill(producer.Buffer(1, 0), 0xa5);
+
+    camera_metadata_t* metadata = allocate_camera_metadata(1, 8);
+    const int64_t timestamp = 123456789;
+    ASSERT_EQ(0, add_camera_metadata_entry(metadata, ANDROID_SENSOR_TIMESTAMP, &timestamp, 1));
+    camera3_stream_buffer_t unused = producer.Buffer(1, 0);
+    unused.status = CAMERA3_BUFFER_STATUS_ERROR;
+    LogCapture::Clear();
+    EXPECT_EQ(0, producer.Result(42, metadata, {producer.Buffer(0, 0), unused}));
+
+    EXPECT_EQ((std::vector<LogLine>{
+                      Found(kClient),
+                      ServiceLine(ANDROID_LOG_INFO,
+                                  Format("511 processCaptureResult:  return meta clientID:7, "
+                                         "pCaptureResult:%p",
+                                         static_cast<const void*>(producer.LastResult()))),
+                      ServiceLine(ANDROID_LOG_INFO,
+                                  "520 processCaptureResult: return buffer clientID:7, "
+                                  "num_output_buffers:2")}),
+              LogCapture::Lines(kServiceTag));
+    ASSERT_EQ(1u, client->Results().size());
+    const SeenResult result = client->Results()[0];
+    EXPECT_EQ(42, result.frameNumber);
+    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(metadata);
+    EXPECT_EQ(std::vector<uint8_t>(bytes, bytes + get_camera_metadata_size(metadata)),
+              result.metadata);
+    EXPECT_EQ((std::vector<SeenBuffer>{Back(0, 1), Back(1, 2, BufferStatus::ERROR)}),
+              result.buffers);
+    // The client reads in its own memory what the producer wrote.
+    EXPECT_TRUE(AllBytesAre(client->Contents(1), 0x5a));
+    EXPECT_TRUE(AllBytesAre(client->Contents(2), 0xa5));
+    EXPECT_EQ(imports, LiveImports());
+    free_camera_metadata(metadata);
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(CaptureResultTest, DeliversMetadataAndBuffersWrittenByTheProducer) {
+    EXPECT_SCENARIO(DeliversMetadataAndBuffersWrittenByTheProducer);
+}
+
+void MetadataAloneIsDelivered(Scenario& s) {
+    auto client = Register(s);
+    Producer producer(kClient);
+    camera_metadata_t* metadata = allocate_camera_metadata(1, 0);
+    EXPECT_EQ(0, producer.Result(3, metadata, {}));
+    ASSERT_EQ(1u, client->Results().size());
+    EXPECT_EQ(3, client->Results()[0].frameNumber);
+    EXPECT_EQ(get_camera_metadata_size(metadata), client->Results()[0].metadata.size());
+    EXPECT_TRUE(client->Results()[0].buffers.empty());
+    free_camera_metadata(metadata);
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(CaptureResultTest, MetadataAloneIsDelivered) {
+    EXPECT_SCENARIO(MetadataAloneIsDelivered);
+}
+
+void UnknownBufferDropsTheWholeResult(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    const size_t imports = LiveImports();
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.rgba}, {2}));
+    const camera3_stream_buffer_t first = producer.Buffer(0, 0);
+    const camera3_stream_buffer_t second = producer.Buffer(0, 1);
+
+    native_handle_t* other = ::android::hostgralloc::allocate(4, 4, HAL_PIXEL_FORMAT_RGBA_8888, 0);
+    buffer_handle_t otherHandle = other;
+    camera3_stream_buffer_t stranger = first;
+    stranger.buffer = &otherHandle;
+    LogCapture::Clear();
+    EXPECT_EQ(0, producer.Result(5, nullptr, {first, stranger}));
+    EXPECT_TRUE(LogCapture::Contains(ServiceLine(
+            ANDROID_LOG_ERROR,
+            Format("552 processCaptureResult: Invalid returnd buffer clientID:7, buffer:%p",
+                   static_cast<const void*>(other)))));
+    EXPECT_TRUE(client->Results().empty());
+    // The buffer met before the unknown one is freed and forgotten.
+    EXPECT_EQ(imports + 1, LiveImports());
+
+    EXPECT_EQ(0, producer.Result(6, nullptr, {second}));
+    ASSERT_EQ(1u, client->Results().size());
+    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 2)}, client->Results()[0].buffers);
+    EXPECT_EQ(imports, LiveImports());
+    ::android::hostgralloc::release(other);
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(CaptureResultTest, UnknownBufferDropsTheWholeResult) {
+    EXPECT_SCENARIO(UnknownBufferDropsTheWholeResult);
+}
+
+// The producer's buffer pointers lead into the client's list of lent buffers. When a record
+// leaves, the later ones move up one place, and so does what the later pointers read.
+void PointersFollowTheRecordsMovedUp(Scenario& s) {
+    auto client = Register(s);
+    Streams streams;
+    Producer producer(kClient);
+    const size_t imports = LiveImports();
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.rgba}, {3}));
+    const camera3_stream_buffer_t lent[] = {producer.Buffer(0, 0), producer.Buffer(0, 1),
+                                            producer.Buffer(0, 2)};
+
+    EXPECT_EQ(0, producer.Result(1, nullptr, {lent[0]}));
+    // The second pointer now reads the third record.
+    EXPECT_EQ(0, producer.Result(2, nullptr, {lent[1]}));
+    // The third pointer reads a record that has already left: the result is dropped.
+    LogCapture::Clear();
+    EXPECT_EQ(0, producer.Result(3, nullptr, {lent[2]}));
+    EXPECT_TRUE(LogCapture::Contains(ServiceLine(
+            ANDROID_LOG_ERROR,
+            Format("552 processCaptureResult: Invalid returnd buffer clientID:7, buffer:%p",
+                   static_cast<const void*>(*lent[2].buffer)))));
+    // The second record is now read through the first pointer.
+    EXPECT_EQ(0, producer.Result(4, nullptr, {lent[0]}));
+
+    const std::vector<SeenResult> results = client->Results();
+    ASSERT_EQ(3u, results.size());
+    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 1)}, results[0].buffers);
+    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 3)}, results[1].buffers);
+    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 2)}, results[2].buffers);
+    EXPECT_EQ(4, results[2].frameNumber);
+    EXPECT_EQ(imports, LiveImports());
+    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+}
+TEST_F(CaptureResultTest, PointersFollowTheRecordsMovedUp) {
+    EXPECT_SCENARIO(PointersFollowTheRecordsMovedUp);
+}
+
+}  // namespace
+}  // namespace offlinecamera::test
