@@ -307,7 +307,9 @@ void InvalidBufferEndsTheRequest(Scenario& s) {
         // The buffer lent before the bad one stays lent; none after it is taken.
         EXPECT_EQ(imports + 1, LiveImports());
         EXPECT_NE(nullptr, producer.Buffer(0, 0).buffer);
-        if (c.count > 1) EXPECT_EQ(nullptr, producer.Buffer(0, 1).buffer);
+        if (c.count > 1) {
+            EXPECT_EQ(nullptr, producer.Buffer(0, 1).buffer);
+        }
         EXPECT_EQ(0, producer.Result(1, nullptr, {producer.Buffer(0, 0)}));
         EXPECT_EQ(imports, LiveImports());
     }

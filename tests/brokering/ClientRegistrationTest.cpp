@@ -116,7 +116,9 @@ void TenClientsAtOnce(Scenario& s) {
     EXPECT_EQ(1u, Links(clients[5]));
 
     for (int32_t id = 1; id <= 11; id++) {
-        if (id != 3) EXPECT_TRUE(s.Service().unRegisterClient(id).isOk()) << id;
+        if (id != 3) {
+            EXPECT_TRUE(s.Service().unRegisterClient(id).isOk()) << id;
+        }
     }
 }
 TEST_F(ClientRegistrationTest, TenClientsAtOnce) {

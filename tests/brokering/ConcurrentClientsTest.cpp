@@ -13,7 +13,7 @@ namespace offlinecamera::test {
 namespace {
 
 constexpr int32_t kThreads = 4;
-constexpr int kRounds = 40;
+constexpr int kRounds = 200;
 constexpr int32_t kDoomedBase = 100;
 constexpr int32_t kDoomed = 4;
 
@@ -26,12 +26,18 @@ void RegistrationsAndDeathsOnManyThreads(Scenario& s) {
         ASSERT_TRUE(s.Service().registerClient(kDoomedBase + i, doomed.back()->Remote()).isOk());
     }
 
+    // The threads start together, so that their calls overlap.
+    std::atomic<bool> go{false};
+    auto waitForGo = [&go] {
+        while (!go.load()) std::this_thread::yield();
+    };
     std::atomic<int> failures{0};
     std::vector<std::thread> threads;
     for (int32_t id = 0; id < kThreads; id++) {
-        threads.emplace_back([&s, &failures, id] {
+        threads.emplace_back([&s, &failures, &waitForGo, id] {
             auto client = ::ndk::SharedRefBase::make<TestClient>();
             std::shared_ptr<IOfflineClientCallback> remote = client->Remote();
+            waitForGo();
             for (int round = 0; round < kRounds; round++) {
                 if (!s.Service().registerClient(id, remote).isOk()) failures++;
                 if (!s.Service().unRegisterClient(id).isOk()) failures++;
@@ -40,10 +46,12 @@ void RegistrationsAndDeathsOnManyThreads(Scenario& s) {
     }
     // Death notifications arrive on threads of their own.
     for (int32_t half = 0; half < 2; half++) {
-        threads.emplace_back([&doomed, half] {
+        threads.emplace_back([&doomed, &waitForGo, half] {
+            waitForGo();
             for (int32_t i = half; i < kDoomed; i += 2) doomed[i]->Die();
         });
     }
+    go = true;
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(0, failures.load());
 
