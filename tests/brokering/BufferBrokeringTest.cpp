@@ -56,11 +56,22 @@ struct Streams {
                                        CAMERA3_STREAM_ROTATION_0);
 };
 
-std::shared_ptr<TestClient> Register(Scenario& s) {
-    auto client = ::ndk::SharedRefBase::make<TestClient>();
-    EXPECT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
-    return client;
-}
+// A client registered as kClient, with the HAL's streams and producer for it, and the number of
+// imports before any lending. The client unregisters when this goes.
+struct Brokering {
+    explicit Brokering(Scenario& s)
+        : scenario(s), client(::ndk::SharedRefBase::make<TestClient>()), imports(LiveImports()) {
+        EXPECT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
+        LogCapture::Clear();
+    }
+    ~Brokering() { EXPECT_TRUE(scenario.Service().unRegisterClient(kClient).isOk()); }
+
+    Scenario& scenario;
+    std::shared_ptr<TestClient> client;
+    Streams streams;
+    Producer producer{kClient};
+    size_t imports;
+};
 
 // The producer fills a lent buffer through the graphics buffer mapper, as a camera HAL does.
 void Fill(const camera3_stream_buffer_t& buffer, uint8_t value) {
@@ -84,17 +95,13 @@ bool AllBytesAre(const std::vector<uint8_t>& bytes, uint8_t value) {
 class BufferRequestTest : public BalancedTest {};
 
 void LendsBuffersOfTwoStreamsInOrder(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    const size_t imports = LiveImports();
-    LogCapture::Clear();
-    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.preview, &streams.rgba}, {3, 3}));
-    EXPECT_EQ(2u, producer.ReturnedCount());
-    EXPECT_EQ(imports + 6, LiveImports());
+    Brokering b(s);
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {3, 3}));
+    EXPECT_EQ(2u, b.producer.ReturnedCount());
+    EXPECT_EQ(b.imports + 6, LiveImports());
 
-    ASSERT_EQ(1u, client->Requests().size());
-    const std::vector<OfflineBufferRequest> requests = client->Requests()[0];
+    ASSERT_EQ(1u, b.client->Requests().size());
+    const std::vector<OfflineBufferRequest> requests = b.client->Requests()[0];
     ASSERT_EQ(2u, requests.size());
     const Stream& preview = requests[0].stream;
     EXPECT_EQ(0, preview.id);
@@ -120,12 +127,12 @@ void LendsBuffersOfTwoStreamsInOrder(Scenario& s) {
                         Format("319 requestStreamBuffers: clientID:7, i:1, format:1, "
                                "dataSpace:%d, usage:3, rotation:0, wXh:32, 16",
                                HAL_DATASPACE_SRGB))};
-    const camera3_stream_t* streamOf[] = {&streams.preview, &streams.rgba};
+    const camera3_stream_t* streamOf[] = {&b.streams.preview, &b.streams.rgba};
     int64_t bufferId = 1;
     for (size_t i = 0; i < 2; i++) {
-        EXPECT_EQ(3u, producer.Returned()[i].num_output_buffers);
+        EXPECT_EQ(3u, b.producer.Returned()[i].num_output_buffers);
         for (size_t j = 0; j < 3; j++) {
-            const camera3_stream_buffer_t& buffer = producer.Buffer(i, j);
+            const camera3_stream_buffer_t& buffer = b.producer.Buffer(i, j);
             expected.push_back(Lent(buffer, ClientStreamId(i), bufferId++));
             EXPECT_EQ(streamOf[i], buffer.stream);
             EXPECT_EQ(CAMERA3_BUFFER_STATUS_OK, buffer.status);
@@ -145,38 +152,34 @@ void LendsBuffersOfTwoStreamsInOrder(Scenario& s) {
     // Handed back last-lent first, each buffer finds its own record.
     std::vector<camera3_stream_buffer_t> all;
     for (size_t i = 2; i-- > 0;) {
-        for (size_t j = 3; j-- > 0;) all.push_back(producer.Buffer(i, j));
+        for (size_t j = 3; j-- > 0;) all.push_back(b.producer.Buffer(i, j));
     }
-    EXPECT_EQ(0, producer.Result(1, nullptr, all));
-    ASSERT_EQ(1u, client->Results().size());
+    EXPECT_EQ(0, b.producer.Result(1, nullptr, all));
+    ASSERT_EQ(1u, b.client->Results().size());
     EXPECT_EQ((std::vector<SeenBuffer>{Back(1, 6), Back(1, 5), Back(1, 4), Back(0, 3), Back(0, 2),
                                        Back(0, 1)}),
-              client->Results()[0].buffers);
-    EXPECT_EQ(imports, LiveImports());
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+              b.client->Results()[0].buffers);
+    EXPECT_EQ(b.imports, LiveImports());
 }
 TEST_F(BufferRequestTest, LendsBuffersOfTwoStreamsInOrder) {
     EXPECT_SCENARIO(LendsBuffersOfTwoStreamsInOrder);
 }
 
 void EveryEntryAsksForTheFirstCount(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.preview, &streams.rgba}, {2, 5}));
-    EXPECT_EQ(2u, producer.Returned()[0].num_output_buffers);
-    EXPECT_EQ(5u, producer.Returned()[1].num_output_buffers);
-    ASSERT_EQ(1u, client->Requests().size());
-    EXPECT_EQ(2, client->Requests()[0][0].numBuffersRequested);
-    EXPECT_EQ(2, client->Requests()[0][1].numBuffersRequested);
+    Brokering b(s);
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {2, 5}));
+    EXPECT_EQ(2u, b.producer.Returned()[0].num_output_buffers);
+    EXPECT_EQ(5u, b.producer.Returned()[1].num_output_buffers);
+    ASSERT_EQ(1u, b.client->Requests().size());
+    EXPECT_EQ(2, b.client->Requests()[0][0].numBuffersRequested);
+    EXPECT_EQ(2, b.client->Requests()[0][1].numBuffersRequested);
 
-    EXPECT_EQ(0, producer.Result(1, nullptr,
-                                 {producer.Buffer(1, 1), producer.Buffer(1, 0),
-                                  producer.Buffer(0, 1), producer.Buffer(0, 0)}));
-    ASSERT_EQ(1u, client->Results().size());
+    EXPECT_EQ(0, b.producer.Result(1, nullptr,
+                                   {b.producer.Buffer(1, 1), b.producer.Buffer(1, 0),
+                                    b.producer.Buffer(0, 1), b.producer.Buffer(0, 0)}));
+    ASSERT_EQ(1u, b.client->Results().size());
     EXPECT_EQ((std::vector<SeenBuffer>{Back(1, 4), Back(1, 3), Back(0, 2), Back(0, 1)}),
-              client->Results()[0].buffers);
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+              b.client->Results()[0].buffers);
 }
 TEST_F(BufferRequestTest, EveryEntryAsksForTheFirstCount) {
     EXPECT_SCENARIO(EveryEntryAsksForTheFirstCount);
@@ -200,9 +203,8 @@ TEST_F(BufferRequestTest, UnknownClientGetsNothing) {
 }
 
 void MissingArraysAndResultAreIgnored(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    camera3_buffer_request_t request = {&streams.preview, 1};
+    Brokering b(s);
+    camera3_buffer_request_t request = {&b.streams.preview, 1};
     camera3_stream_buffer_ret_t returned = {};
     uint32_t count = 5;
     OfflineCameraService* core = OfflineCameraService::GetInstance();
@@ -213,20 +215,17 @@ void MissingArraysAndResultAreIgnored(Scenario& s) {
     EXPECT_EQ(0, core->ProcessCaptureResult(kClient, nullptr));
     EXPECT_EQ(5u, count);
     EXPECT_TRUE(LogCapture::Lines().empty()) << LogCapture::Dump();
-    EXPECT_TRUE(client->Requests().empty());
-    EXPECT_TRUE(client->Results().empty());
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+    EXPECT_TRUE(b.client->Requests().empty());
+    EXPECT_TRUE(b.client->Results().empty());
 }
 TEST_F(BufferRequestTest, MissingArraysAndResultAreIgnored) {
     EXPECT_SCENARIO(MissingArraysAndResultAreIgnored);
 }
 
 void NoRequestsIsAnIllegalArgument(Scenario& s) {
-    auto client = Register(s);
-    Producer producer(kClient);
-    LogCapture::Clear();
-    EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS, producer.Request({}, {}));
-    EXPECT_EQ(Producer::kUntouchedCount, producer.ReturnedCount());
+    Brokering b(s);
+    EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS, b.producer.Request({}, {}));
+    EXPECT_EQ(Producer::kUntouchedCount, b.producer.ReturnedCount());
     EXPECT_EQ(
             (std::vector<LogLine>{ServiceLine(ANDROID_LOG_ERROR,
                                               "660 requestStreamBuffersCb: pCallbackOps is NULL OR "
@@ -235,18 +234,14 @@ void NoRequestsIsAnIllegalArgument(Scenario& s) {
                                            "410 RequestStreamBuffers: clientID 7, numBufferReqs:0, "
                                            "NumReturnedBufReqs:77")}),
             LogCapture::Lines());
-    EXPECT_TRUE(client->Requests().empty());
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+    EXPECT_TRUE(b.client->Requests().empty());
 }
 TEST_F(BufferRequestTest, NoRequestsIsAnIllegalArgument) {
     EXPECT_SCENARIO(NoRequestsIsAnIllegalArgument);
 }
 
 void ConsumerFailuresLendNothing(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    const size_t imports = LiveImports();
+    Brokering b(s);
     const std::string failed =
             ::ndk::ScopedAStatus::fromStatus(STATUS_FAILED_TRANSACTION).getDescription();
     const std::string ok = ::ndk::ScopedAStatus::ok().getDescription();
@@ -266,28 +261,24 @@ void ConsumerFailuresLendNothing(Scenario& s) {
              "344 requestStreamBuffers: Request buffer num error request:2, return:1"},
     };
     for (const auto& c : cases) {
-        client->SetReply(c.reply);
+        b.client->SetReply(c.reply);
         LogCapture::Clear();
         EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN,
-                  producer.Request({&streams.preview, &streams.rgba}, {1, 1}));
-        EXPECT_EQ(Producer::kUntouchedCount, producer.ReturnedCount());
+                  b.producer.Request({&b.streams.preview, &b.streams.rgba}, {1, 1}));
+        EXPECT_EQ(Producer::kUntouchedCount, b.producer.ReturnedCount());
         const std::vector<LogLine> lines = LogCapture::Lines(kServiceTag);
         ASSERT_FALSE(lines.empty());
         EXPECT_EQ(ServiceLine(ANDROID_LOG_ERROR, c.log), lines.back());
-        EXPECT_EQ(imports, LiveImports());
-        EXPECT_EQ(nullptr, producer.Buffer(0, 0).buffer);
+        EXPECT_EQ(b.imports, LiveImports());
+        EXPECT_EQ(nullptr, b.producer.Buffer(0, 0).buffer);
     }
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
 }
 TEST_F(BufferRequestTest, ConsumerFailuresLendNothing) {
     EXPECT_SCENARIO(ConsumerFailuresLendNothing);
 }
 
 void InvalidBufferEndsTheRequest(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    const size_t imports = LiveImports();
+    Brokering b(s);
     const struct {
         TestClient::Reply reply;
         uint32_t count;
@@ -297,35 +288,32 @@ void InvalidBufferEndsTheRequest(Scenario& s) {
             {TestClient::Reply::kOneBufferTooMany, 1},
     };
     for (const auto& c : cases) {
-        client->SetReply(c.reply);
+        b.client->SetReply(c.reply);
         LogCapture::Clear();
-        EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN, producer.Request({&streams.rgba}, {c.count}));
-        EXPECT_EQ(Producer::kUntouchedCount, producer.ReturnedCount());
+        EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN, b.producer.Request({&b.streams.rgba}, {c.count}));
+        EXPECT_EQ(Producer::kUntouchedCount, b.producer.ReturnedCount());
         const std::vector<LogLine> lines = LogCapture::Lines(kServiceTag);
         ASSERT_FALSE(lines.empty());
         EXPECT_EQ(InvalidLent(), lines.back());
         // The buffer lent before the bad one stays lent; none after it is taken.
-        EXPECT_EQ(imports + 1, LiveImports());
-        EXPECT_NE(nullptr, producer.Buffer(0, 0).buffer);
+        EXPECT_EQ(b.imports + 1, LiveImports());
+        EXPECT_NE(nullptr, b.producer.Buffer(0, 0).buffer);
         if (c.count > 1) {
-            EXPECT_EQ(nullptr, producer.Buffer(0, 1).buffer);
+            EXPECT_EQ(nullptr, b.producer.Buffer(0, 1).buffer);
         }
-        EXPECT_EQ(0, producer.Result(1, nullptr, {producer.Buffer(0, 0)}));
-        EXPECT_EQ(imports, LiveImports());
+        EXPECT_EQ(0, b.producer.Result(1, nullptr, {b.producer.Buffer(0, 0)}));
+        EXPECT_EQ(b.imports, LiveImports());
     }
-    EXPECT_EQ(3u, client->Results().size());
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+    EXPECT_EQ(3u, b.client->Results().size());
 }
 TEST_F(BufferRequestTest, InvalidBufferEndsTheRequest) {
     EXPECT_SCENARIO(InvalidBufferEndsTheRequest);
 }
 
 void ErrorInsteadOfBuffers(Scenario& s) {
-    auto client = Register(s);
-    client->SetReply(TestClient::Reply::kErrorInsteadOfBuffers);
-    Streams streams;
-    Producer producer(kClient);
-    producer.Request({&streams.preview}, {1});
+    Brokering b(s);
+    b.client->SetReply(TestClient::Reply::kErrorInsteadOfBuffers);
+    b.producer.Request({&b.streams.preview}, {1});
 }
 TEST_F(BufferRequestTest, ErrorInsteadOfBuffersStopsTheProcess) {
     EXPECT_DEATH(RunScenario(ErrorInsteadOfBuffers), "bad access: a wrong tag");
@@ -334,34 +322,31 @@ TEST_F(BufferRequestTest, ErrorInsteadOfBuffersStopsTheProcess) {
 class CaptureResultTest : public BalancedTest {};
 
 void DeliversMetadataAndBuffersWrittenByTheProducer(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    const size_t imports = LiveImports();
-    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.preview, &streams.rgba}, {1, 1}));
-    Fill(producer.Buffer(0, 0), 0x5a);
-    Fill(producer.Buffer(1, 0), 0xa5);
+    Brokering b(s);
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {1, 1}));
+    Fill(b.producer.Buffer(0, 0), 0x5a);
+    Fill(b.producer.Buffer(1, 0), 0xa5);
 
     camera_metadata_t* metadata = allocate_camera_metadata(1, 8);
     const int64_t timestamp = 123456789;
     ASSERT_EQ(0, add_camera_metadata_entry(metadata, ANDROID_SENSOR_TIMESTAMP, &timestamp, 1));
-    camera3_stream_buffer_t unused = producer.Buffer(1, 0);
+    camera3_stream_buffer_t unused = b.producer.Buffer(1, 0);
     unused.status = CAMERA3_BUFFER_STATUS_ERROR;
     LogCapture::Clear();
-    EXPECT_EQ(0, producer.Result(42, metadata, {producer.Buffer(0, 0), unused}));
+    EXPECT_EQ(0, b.producer.Result(42, metadata, {b.producer.Buffer(0, 0), unused}));
 
     EXPECT_EQ((std::vector<LogLine>{
                       Found(kClient),
                       ServiceLine(ANDROID_LOG_INFO,
                                   Format("511 processCaptureResult:  return meta clientID:7, "
                                          "pCaptureResult:%p",
-                                         static_cast<const void*>(producer.LastResult()))),
+                                         static_cast<const void*>(b.producer.LastResult()))),
                       ServiceLine(ANDROID_LOG_INFO,
                                   "520 processCaptureResult: return buffer clientID:7, "
                                   "num_output_buffers:2")}),
               LogCapture::Lines(kServiceTag));
-    ASSERT_EQ(1u, client->Results().size());
-    const SeenResult result = client->Results()[0];
+    ASSERT_EQ(1u, b.client->Results().size());
+    const SeenResult result = b.client->Results()[0];
     EXPECT_EQ(42, result.frameNumber);
     const uint8_t* bytes = reinterpret_cast<const uint8_t*>(metadata);
     EXPECT_EQ(std::vector<uint8_t>(bytes, bytes + get_camera_metadata_size(metadata)),
@@ -369,61 +354,54 @@ void DeliversMetadataAndBuffersWrittenByTheProducer(Scenario& s) {
     EXPECT_EQ((std::vector<SeenBuffer>{Back(0, 1), Back(1, 2, BufferStatus::ERROR)}),
               result.buffers);
     // The client reads in its own memory what the producer wrote.
-    EXPECT_TRUE(AllBytesAre(client->Contents(1), 0x5a));
-    EXPECT_TRUE(AllBytesAre(client->Contents(2), 0xa5));
-    EXPECT_EQ(imports, LiveImports());
+    EXPECT_TRUE(AllBytesAre(b.client->Contents(1), 0x5a));
+    EXPECT_TRUE(AllBytesAre(b.client->Contents(2), 0xa5));
+    EXPECT_EQ(b.imports, LiveImports());
     free_camera_metadata(metadata);
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
 }
 TEST_F(CaptureResultTest, DeliversMetadataAndBuffersWrittenByTheProducer) {
     EXPECT_SCENARIO(DeliversMetadataAndBuffersWrittenByTheProducer);
 }
 
 void MetadataAloneIsDelivered(Scenario& s) {
-    auto client = Register(s);
-    Producer producer(kClient);
+    Brokering b(s);
     camera_metadata_t* metadata = allocate_camera_metadata(1, 0);
-    EXPECT_EQ(0, producer.Result(3, metadata, {}));
-    ASSERT_EQ(1u, client->Results().size());
-    EXPECT_EQ(3, client->Results()[0].frameNumber);
-    EXPECT_EQ(get_camera_metadata_size(metadata), client->Results()[0].metadata.size());
-    EXPECT_TRUE(client->Results()[0].buffers.empty());
+    EXPECT_EQ(0, b.producer.Result(3, metadata, {}));
+    ASSERT_EQ(1u, b.client->Results().size());
+    EXPECT_EQ(3, b.client->Results()[0].frameNumber);
+    EXPECT_EQ(get_camera_metadata_size(metadata), b.client->Results()[0].metadata.size());
+    EXPECT_TRUE(b.client->Results()[0].buffers.empty());
     free_camera_metadata(metadata);
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
 }
 TEST_F(CaptureResultTest, MetadataAloneIsDelivered) {
     EXPECT_SCENARIO(MetadataAloneIsDelivered);
 }
 
 void UnknownBufferDropsTheWholeResult(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    const size_t imports = LiveImports();
-    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.rgba}, {2}));
-    const camera3_stream_buffer_t first = producer.Buffer(0, 0);
-    const camera3_stream_buffer_t second = producer.Buffer(0, 1);
+    Brokering b(s);
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.rgba}, {2}));
+    const camera3_stream_buffer_t first = b.producer.Buffer(0, 0);
+    const camera3_stream_buffer_t second = b.producer.Buffer(0, 1);
 
     native_handle_t* other = ::android::hostgralloc::allocate(4, 4, HAL_PIXEL_FORMAT_RGBA_8888, 0);
     buffer_handle_t otherHandle = other;
     camera3_stream_buffer_t stranger = first;
     stranger.buffer = &otherHandle;
     LogCapture::Clear();
-    EXPECT_EQ(0, producer.Result(5, nullptr, {first, stranger}));
+    EXPECT_EQ(0, b.producer.Result(5, nullptr, {first, stranger}));
     EXPECT_TRUE(LogCapture::Contains(ServiceLine(
             ANDROID_LOG_ERROR,
             Format("552 processCaptureResult: Invalid returnd buffer clientID:7, buffer:%p",
                    static_cast<const void*>(other)))));
-    EXPECT_TRUE(client->Results().empty());
+    EXPECT_TRUE(b.client->Results().empty());
     // The buffer met before the unknown one is freed and forgotten.
-    EXPECT_EQ(imports + 1, LiveImports());
+    EXPECT_EQ(b.imports + 1, LiveImports());
 
-    EXPECT_EQ(0, producer.Result(6, nullptr, {second}));
-    ASSERT_EQ(1u, client->Results().size());
-    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 2)}, client->Results()[0].buffers);
-    EXPECT_EQ(imports, LiveImports());
+    EXPECT_EQ(0, b.producer.Result(6, nullptr, {second}));
+    ASSERT_EQ(1u, b.client->Results().size());
+    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 2)}, b.client->Results()[0].buffers);
+    EXPECT_EQ(b.imports, LiveImports());
     ::android::hostgralloc::release(other);
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
 }
 TEST_F(CaptureResultTest, UnknownBufferDropsTheWholeResult) {
     EXPECT_SCENARIO(UnknownBufferDropsTheWholeResult);
@@ -432,35 +410,31 @@ TEST_F(CaptureResultTest, UnknownBufferDropsTheWholeResult) {
 // The producer's buffer pointers lead into the client's list of lent buffers. When a record
 // leaves, the later ones move up one place, and so does what the later pointers read.
 void PointersFollowTheRecordsMovedUp(Scenario& s) {
-    auto client = Register(s);
-    Streams streams;
-    Producer producer(kClient);
-    const size_t imports = LiveImports();
-    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&streams.rgba}, {3}));
-    const camera3_stream_buffer_t lent[] = {producer.Buffer(0, 0), producer.Buffer(0, 1),
-                                            producer.Buffer(0, 2)};
+    Brokering b(s);
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.rgba}, {3}));
+    const camera3_stream_buffer_t lent[] = {b.producer.Buffer(0, 0), b.producer.Buffer(0, 1),
+                                            b.producer.Buffer(0, 2)};
 
-    EXPECT_EQ(0, producer.Result(1, nullptr, {lent[0]}));
+    EXPECT_EQ(0, b.producer.Result(1, nullptr, {lent[0]}));
     // The second pointer now reads the third record.
-    EXPECT_EQ(0, producer.Result(2, nullptr, {lent[1]}));
+    EXPECT_EQ(0, b.producer.Result(2, nullptr, {lent[1]}));
     // The third pointer reads a record that has already left: the result is dropped.
     LogCapture::Clear();
-    EXPECT_EQ(0, producer.Result(3, nullptr, {lent[2]}));
+    EXPECT_EQ(0, b.producer.Result(3, nullptr, {lent[2]}));
     EXPECT_TRUE(LogCapture::Contains(ServiceLine(
             ANDROID_LOG_ERROR,
             Format("552 processCaptureResult: Invalid returnd buffer clientID:7, buffer:%p",
                    static_cast<const void*>(*lent[2].buffer)))));
     // The second record is now read through the first pointer.
-    EXPECT_EQ(0, producer.Result(4, nullptr, {lent[0]}));
+    EXPECT_EQ(0, b.producer.Result(4, nullptr, {lent[0]}));
 
-    const std::vector<SeenResult> results = client->Results();
+    const std::vector<SeenResult> results = b.client->Results();
     ASSERT_EQ(3u, results.size());
     EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 1)}, results[0].buffers);
     EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 3)}, results[1].buffers);
     EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 2)}, results[2].buffers);
     EXPECT_EQ(4, results[2].frameNumber);
-    EXPECT_EQ(imports, LiveImports());
-    EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+    EXPECT_EQ(b.imports, LiveImports());
 }
 TEST_F(CaptureResultTest, PointersFollowTheRecordsMovedUp) {
     EXPECT_SCENARIO(PointersFollowTheRecordsMovedUp);
