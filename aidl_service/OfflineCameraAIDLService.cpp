@@ -141,8 +141,8 @@ OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
     }
 
     mCallbackMap.emplace(in_clientId, in_callback);
-    // Buffers still lent from an earlier registration of this id stay recorded.
-    (void)mClientBuffers[in_clientId];
+    // A list left from an earlier registration of this id is kept, with the buffers still lent.
+    mClientBuffers.emplace(in_clientId, std::vector<ClientBufferRecord>());
     OfflineCameraService::GetInstance()->RegisterConsumerClient(in_clientId, &mClientCallbacks);
     AIDL_SERVICE_LOGI("%s: clientID:%d register successfully!", "registerClient", in_clientId);
     return ::ndk::ScopedAStatus::ok();
@@ -316,7 +316,8 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffers(int32_t clientId,
         return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
     }
 
-    // The list is the producer's to use now: no lock (the producer serialises its calls).
+    // The lists of lent buffers are used without a lock: the producer neither runs two callbacks
+    // for one client at once nor runs them while clients register.
     std::vector<ClientBufferRecord>& records = mClientBuffers[clientId];
     if (returned.empty()) {
         return CAMERA3_BUF_REQ_OK;

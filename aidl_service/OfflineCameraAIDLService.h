@@ -87,7 +87,8 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
     ClientCallbacks mClientCallbacks;
     ::ndk::ScopedAIBinder_DeathRecipient mDeathRecipient;
     ClientSlot mClientSlots[kMaxClients];
-    // Guards mCallbackMap and mClientBuffers. Taken before mSlotLock when both are needed.
+    // Guards mCallbackMap, and mClientBuffers where clients register; the producer's callbacks
+    // use the lists of lent buffers without it. Taken before mSlotLock when both are needed.
     std::mutex mCallbackLock;
     // Guards mClientSlots.
     std::mutex mSlotLock;
