@@ -59,6 +59,9 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
     ::ndk::ScopedAStatus getOfflineStaticCaps(
             ::aidl::android::hardware::camera::device::CameraMetadata* _aidl_return) override;
 
+    /* The callback record that this service hands to the core with every registration. */
+    const ClientCallbacks& clientCallbacks() const { return mClientCallbacks; }
+
   private:
     /* Consumer callbacks handed to the core; pPrivateData is the service. */
     static int32_t processCaptureResultCb(const ClientCallbacks* pCallbackOps, int32_t clientId,
@@ -84,7 +87,8 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
     ClientCallbacks mClientCallbacks;
     ::ndk::ScopedAIBinder_DeathRecipient mDeathRecipient;
     ClientSlot mClientSlots[kMaxClients];
-    // Guards mCallbackMap and mClientBuffers. Taken before mSlotLock when both are needed.
+    // Guards mCallbackMap, and mClientBuffers where clients register; the producer's callbacks
+    // use the lists of lent buffers without it. Taken before mSlotLock when both are needed.
     std::mutex mCallbackLock;
     // Guards mClientSlots.
     std::mutex mSlotLock;

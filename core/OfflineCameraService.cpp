@@ -384,3 +384,53 @@ int32_t OfflineCameraService::ReleaseAndroidMetadata(uint32_t cameraId,
                            return pMetaOps->pfnReleaseAndroidMetadata(pMetaOps, pMetadata);
                        });
 }
+
+int32_t OfflineCameraService::RequestStreamBuffers(int32_t clientId, uint32_t numBufferReqs,
+                                                   const camera3_buffer_request_t* pBufferReqs,
+                                                   uint32_t* pNumReturnedBufReqs,
+                                                   camera3_stream_buffer_ret_t* pReturnedBufReqs) {
+    if (mClientIds.find(clientId) == mClientIds.end()) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Do not have  this clientID: :%d",
+                            381, "RequestStreamBuffers", clientId);
+        *pNumReturnedBufReqs = 0;
+        return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
+    }
+    if (pBufferReqs == nullptr || pReturnedBufReqs == nullptr) {
+        return CAMERA3_BUF_REQ_OK;
+    }
+
+    // The consumer writes its buffers straight into the producer's output arrays. Every entry
+    // carries the first request's buffer count, while each returned record gets its own.
+    std::vector<StreamBufferRequest> requests;
+    for (uint32_t i = 0; i < numBufferReqs; i++) {
+        pReturnedBufReqs[i].num_output_buffers = pBufferReqs[i].num_buffers_requested;
+        requests.push_back({pBufferReqs[i].stream, pBufferReqs[0].num_buffers_requested, 0,
+                            pReturnedBufReqs[i].output_buffers});
+    }
+
+    // A client id is only ever registered together with a valid callback record.
+    const uint32_t status =
+            mpClientCallbacks->pRequestBuffers(mpClientCallbacks, clientId, requests);
+    if (status == CAMERA3_BUF_REQ_OK) {
+        *pNumReturnedBufReqs = numBufferReqs;
+    }
+    __android_log_print(ANDROID_LOG_INFO, kLogTag,
+                        "%d %s: clientID %d, numBufferReqs:%d, NumReturnedBufReqs:%d", 410,
+                        "RequestStreamBuffers", clientId, static_cast<int>(numBufferReqs),
+                        static_cast<int>(*pNumReturnedBufReqs));
+    return static_cast<int32_t>(status);
+}
+
+int32_t OfflineCameraService::ProcessCaptureResult(int32_t clientId,
+                                                   const camera3_capture_result_t* pResult) {
+    if (mClientIds.find(clientId) == mClientIds.end()) {
+        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Do not have  this clientID: :%d",
+                            427, "ProcessCaptureResult", clientId);
+        return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
+    }
+    if (pResult != nullptr) {
+        // Delivery failures stay with the consumer side; the producer is not told.
+        (void)mpClientCallbacks->pResult(mpClientCallbacks, clientId, pResult);
+    }
+    return CAMERA3_BUF_REQ_OK;
+}

@@ -14,7 +14,8 @@ for member in GetInstance Initialize GetOfflineStaticCaps RegisterConsumerClient
         unRegisterConsumerClient RegisterProducerClient UnRegisterProducerClient \
         InitMetaOps DeInitMetaOps OpenSession ConfigureSession ExecuteRequest Flush Dump \
         CloseSession TranslateToKivBuffer TranslateFromKivBuffer CreateAndroidMetadata \
-        CreateByAndroidMetadata CreateKivMetaData DestoryKivMetadata ReleaseAndroidMetadata; do
+        CreateByAndroidMetadata CreateKivMetaData DestoryKivMetadata ReleaseAndroidMetadata \
+        RequestStreamBuffers ProcessCaptureResult; do
     if ! grep -q "^_ZN20OfflineCameraService[0-9]*${member}E" <<<"$defined"; then
         echo "missing export: OfflineCameraService::${member}"
         status=1

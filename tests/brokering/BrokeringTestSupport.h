@@ -1,0 +1,210 @@
+/*
+ * The two sides of buffer brokering as tests play them: a consumer client in another process
+ * (TestClient) and the camera HAL in the library's process (Producer), and the child processes
+ * in which each scenario runs.
+ */
+#pragma once
+
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
+#include <android/log.h>
+#include <gtest/gtest.h>
+#include <hardware/camera3.h>
+#include <stdint.h>
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "LogCapture.h"
+#include "ResourceBalance.h"
+
+namespace offlinecamera::test {
+
+using ::aidl::android::hardware::camera::device::BufferRequestStatus;
+using ::aidl::android::hardware::camera::device::NotifyMsg;
+using ::aidl::android::hardware::camera::device::StreamBuffer;
+using ::aidl::android::hardware::camera::device::StreamBufferRet;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineClientCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraService;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineClientCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineBufferRequest;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureResult;
+
+constexpr const char* kServiceTag = "KivOfflineAIDLSevice";
+constexpr const char* kCoreTag = "KivOfflineCameraSevice";
+
+inline LogLine ServiceLine(int priority, const std::string& text) {
+    return {priority, kServiceTag, text};
+}
+inline LogLine CoreLine(int priority, const std::string& text) {
+    return {priority, kCoreTag, text};
+}
+
+/* A buffer as a client receives it back. */
+struct SeenBuffer {
+    int32_t streamId = 0;
+    int64_t bufferId = 0;
+    ::aidl::android::hardware::camera::device::BufferStatus status{};
+    bool hasHandle = false;
+    bool hasFences = false;
+
+    bool operator==(const SeenBuffer& o) const {
+        return streamId == o.streamId && bufferId == o.bufferId && status == o.status &&
+               hasHandle == o.hasHandle && hasFences == o.hasFences;
+    }
+};
+std::ostream& operator<<(std::ostream& os, const SeenBuffer& buffer);
+
+/* A capture result as a client receives it. */
+struct SeenResult {
+    int64_t frameNumber = 0;
+    std::vector<uint8_t> metadata;
+    std::vector<SeenBuffer> buffers;
+};
+
+/* The stream id that a TestClient gives to the buffers of the i-th request of a call. */
+constexpr int32_t ClientStreamId(size_t i) {
+    return 10 + static_cast<int32_t>(i);
+}
+
+/*
+ * A consumer client, written as a vendor client writes its callback. It lends memfd-backed
+ * buffers of the requested stream's size and format, numbered from 1, and keeps them until it is
+ * destroyed; it records every call it receives.
+ */
+class TestClient : public BnOfflineClientCallback {
+  public:
+    /* How the client answers buffer requests. */
+    enum class Reply {
+        kLend,
+        kTransactionFails,
+        kStatusFails,
+        kOneEntryTooFew,
+        kErrorInsteadOfBuffers,
+        kSecondBufferUnimportable,
+        kSecondBufferEmpty,
+        kOneBufferTooMany,
+    };
+
+    ~TestClient() override;
+
+    void SetReply(Reply reply);
+
+    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& msgs) override;
+    ::ndk::ScopedAStatus processCaptureResult(
+            const std::vector<OfflineCaptureResult>& results) override;
+    ::ndk::ScopedAStatus requestStreamBuffers(const std::vector<OfflineBufferRequest>& bufReqs,
+                                              std::vector<StreamBufferRet>* buffers,
+                                              BufferRequestStatus* status) override;
+    ::ndk::ScopedAStatus returnStreamBuffers(const std::vector<StreamBuffer>& buffers) override;
+
+    std::vector<std::vector<OfflineBufferRequest>> Requests();
+    std::vector<SeenResult> Results();
+    std::vector<std::vector<SeenBuffer>> Returns();
+
+    /* The bytes of a lent buffer, read through the client's own mapping. */
+    std::vector<uint8_t> Contents(int64_t bufferId);
+
+    /*
+     * The callback as the service receives it from another process: a proxy of this object's
+     * binder, which is marked remote so that it can be watched for death and killed.
+     */
+    std::shared_ptr<IOfflineClientCallback> Remote();
+
+    /* The client's process dies: linked death recipients are told. */
+    void Die();
+
+  private:
+    std::vector<StreamBuffer> LendLocked(const OfflineBufferRequest& request, size_t index);
+
+    // Guards everything below.
+    std::mutex mLock;
+    Reply mReply = Reply::kLend;
+    int64_t mNextBufferId = 1;
+    std::map<int64_t, native_handle_t*> mBuffers;
+    std::vector<std::vector<OfflineBufferRequest>> mRequests;
+    std::vector<SeenResult> mResults;
+    std::vector<std::vector<SeenBuffer>> mReturns;
+};
+
+/* A camera3 output stream of the producer. */
+camera3_stream_t MakeStream(uint32_t width, uint32_t height, int format, uint32_t usage,
+                            android_dataspace_t dataSpace, int rotation);
+
+/*
+ * The camera HAL's side for one client id: buffer requests with the arrays that the HAL
+ * allocates, and capture results.
+ */
+class Producer {
+  public:
+    explicit Producer(int32_t clientId) : mClientId(clientId) {}
+
+    /*
+     * Asks for counts[i] buffers of streams[i]. The returned records and their arrays are kept
+     * for the life of the producer; the returned count starts at kUntouchedCount.
+     */
+    int32_t Request(const std::vector<camera3_stream_t*>& streams,
+                    const std::vector<uint32_t>& counts);
+
+    static constexpr uint32_t kUntouchedCount = 77;
+    uint32_t ReturnedCount() const { return mReturnedCount; }
+    const std::vector<camera3_stream_buffer_ret_t>& Returned() const { return mReturned.back(); }
+    /* The j-th buffer of the i-th request of the last call. */
+    camera3_stream_buffer_t& Buffer(size_t i, size_t j) { return mOutputs.back()[i][j]; }
+
+    /* Hands over a capture result, built in the record at LastResult(). */
+    int32_t Result(uint32_t frameNumber, const camera_metadata_t* metadata,
+                   const std::vector<camera3_stream_buffer_t>& buffers);
+    const camera3_capture_result_t* LastResult() const { return &mLastResult; }
+
+  private:
+    int32_t mClientId;
+    camera3_capture_result_t mLastResult = {};
+    uint32_t mReturnedCount = kUntouchedCount;
+    std::deque<std::vector<camera3_stream_buffer_ret_t>> mReturned;
+    std::deque<std::vector<std::vector<camera3_stream_buffer_t>>> mOutputs;
+};
+
+/* The published service as a client process reaches it, through the service manager. */
+std::shared_ptr<IOfflineCameraService> ConnectToService();
+
+/* Whether a status is the service's ILLEGAL_ARGUMENT answer. */
+bool IsIllegalArgument(const ::ndk::ScopedAStatus& status);
+
+/*
+ * One scenario, run in a child process of its own: the service is published once per process
+ * and the core keeps the first callback record it is given. The library's process state is made
+ * first (published service, bound core); at the end, descriptors, imports, backend objects and
+ * binders must be back where they were, apart from buffers kept on purpose.
+ */
+class Scenario {
+  public:
+    Scenario();
+
+    /* Lent buffers that the scenario leaves imported on purpose. */
+    void KeepLentBuffers(size_t count) { mKeptBuffers = count; }
+
+    /* Checks the balance and ends the child: exit code 0 when nothing failed. */
+    [[noreturn]] void Finish();
+
+    IOfflineCameraService& Service() { return *mService; }
+
+  private:
+    std::shared_ptr<IOfflineCameraService> mService;
+    ResourceCounts mStart;
+    size_t mStartBinders = 0;
+    size_t mKeptBuffers = 0;
+};
+
+using ScenarioFn = void (*)(Scenario&);
+
+[[noreturn]] void RunScenario(ScenarioFn scenario);
+
+#define EXPECT_SCENARIO(fn) EXPECT_EXIT(RunScenario(fn), ::testing::ExitedWithCode(0), "")
+
+}  // namespace offlinecamera::test

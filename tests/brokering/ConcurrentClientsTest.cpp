@@ -1,0 +1,83 @@
+/*
+ * Clients register, unregister and die on several binder threads at once. The producer stays
+ * out of it: the core's registry is not locked, and the HAL must not use a client while clients
+ * come and go.
+ */
+#include <atomic>
+#include <thread>
+
+#include "BrokeringTestSupport.h"
+#include "OfflineCameraService.h"
+
+namespace offlinecamera::test {
+namespace {
+
+constexpr int32_t kThreads = 4;
+constexpr int kRounds = 200;
+constexpr int32_t kDoomedBase = 100;
+constexpr int32_t kDoomed = 4;
+
+class ConcurrentClientsTest : public BalancedTest {};
+
+void RegistrationsAndDeathsOnManyThreads(Scenario& s) {
+    std::vector<std::shared_ptr<TestClient>> doomed;
+    for (int32_t i = 0; i < kDoomed; i++) {
+        doomed.push_back(::ndk::SharedRefBase::make<TestClient>());
+        ASSERT_TRUE(s.Service().registerClient(kDoomedBase + i, doomed.back()->Remote()).isOk());
+    }
+
+    // The threads start together, so that their calls overlap.
+    std::atomic<bool> go{false};
+    auto waitForGo = [&go] {
+        while (!go.load()) std::this_thread::yield();
+    };
+    std::atomic<int> failures{0};
+    std::vector<std::thread> threads;
+    for (int32_t id = 0; id < kThreads; id++) {
+        threads.emplace_back([&s, &failures, &waitForGo, id] {
+            auto client = ::ndk::SharedRefBase::make<TestClient>();
+            std::shared_ptr<IOfflineClientCallback> remote = client->Remote();
+            waitForGo();
+            for (int round = 0; round < kRounds; round++) {
+                if (!s.Service().registerClient(id, remote).isOk()) failures++;
+                if (!s.Service().unRegisterClient(id).isOk()) failures++;
+            }
+        });
+    }
+    // Death notifications arrive on threads of their own.
+    for (int32_t half = 0; half < 2; half++) {
+        threads.emplace_back([&doomed, &waitForGo, half] {
+            waitForGo();
+            for (int32_t i = half; i < kDoomed; i += 2) doomed[i]->Die();
+        });
+    }
+    go = true;
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(0, failures.load());
+
+    // Nobody is left registered, in the service or in the core.
+    for (int32_t id = 0; id < kThreads; id++) {
+        EXPECT_FALSE(OfflineCameraService::GetInstance()->RegisterProducerClient(id));
+    }
+    for (int32_t i = 0; i < kDoomed; i++) {
+        EXPECT_FALSE(OfflineCameraService::GetInstance()->RegisterProducerClient(kDoomedBase + i));
+        EXPECT_TRUE(IsIllegalArgument(s.Service().unRegisterClient(kDoomedBase + i)));
+    }
+
+    // Every slot is free again: ten clients fit, an eleventh does not.
+    std::vector<std::shared_ptr<TestClient>> clients;
+    for (int32_t id = 1; id <= 11; id++) {
+        clients.push_back(::ndk::SharedRefBase::make<TestClient>());
+        ::ndk::ScopedAStatus status = s.Service().registerClient(id, clients.back()->Remote());
+        EXPECT_EQ(id <= 10, status.isOk()) << id;
+    }
+    for (int32_t id = 1; id <= 10; id++) {
+        EXPECT_TRUE(s.Service().unRegisterClient(id).isOk());
+    }
+}
+TEST_F(ConcurrentClientsTest, RegistrationsAndDeathsOnManyThreads) {
+    EXPECT_SCENARIO(RegistrationsAndDeathsOnManyThreads);
+}
+
+}  // namespace
+}  // namespace offlinecamera::test
