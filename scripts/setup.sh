@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
 # Installs what the host build needs (Debian 12 packages). Safe to run again.
+# Usage: scripts/setup.sh [package...]: the arguments are further packages that a test stage needs;
+# a package of another architecture (name:arm64) has that architecture enabled first.
 set -euo pipefail
 
 packages=(
@@ -9,6 +11,7 @@ packages=(
     android-platform-system-core-headers
     blueprint-tools binutils python3
 )
+packages+=("$@")
 
 missing=()
 for p in "${packages[@]}"; do
@@ -21,5 +24,12 @@ echo "installing: ${missing[*]}"
 sudo_cmd=()
 if [ "$(id -u)" -ne 0 ]; then sudo_cmd=(sudo); fi
 export DEBIAN_FRONTEND=noninteractive
+for p in "${missing[@]}"; do
+    arch=${p#*:}
+    if [ "$arch" != "$p" ] && [ "$arch" != "$(dpkg --print-architecture)" ] &&
+            ! dpkg --print-foreign-architectures | grep -qx "$arch"; then
+        "${sudo_cmd[@]}" dpkg --add-architecture "$arch"
+    fi
+done
 "${sudo_cmd[@]}" apt-get update -qq
 "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
