@@ -8,6 +8,9 @@ seconds=${1:-${FUZZ_SECONDS:-60}}
 dir=${FUZZ_BUILD_DIR:-$root/build-fuzz}
 sanitize="-fsanitize=address,undefined -fno-sanitize-recover=all -fsanitize=fuzzer-no-link"
 
+# libFuzzer and the sanitizer runtimes come with clang's runtime package.
+bash "$root/scripts/setup.sh" libclang-rt-14-dev
+
 bash "$root/scripts/build.sh" "$dir" -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ \
     -DCMAKE_BUILD_TYPE=RelWithDebInfo -DOFFLINECAMERA_BUILD_TESTS=OFF \
     -DOFFLINECAMERA_BUILD_FUZZERS=ON \
