@@ -31,7 +31,7 @@ class BinderObjectTest : public BinderTest {
     AIBinder_DeathRecipient* mRecipient = nullptr;
 };
 
-TEST_F(BinderObjectTest, LastStrongReferenceDestroysTheUserData) {
+TEST_F(BinderObjectTest, LastStrongReferenceDestroysTheUserDataAndWeakOnesStopPromoting) {
     AIBinder_incStrong(nullptr);
     AIBinder_decStrong(nullptr);
     EXPECT_EQ(-1, AIBinder_debugGetRefCount(nullptr));
@@ -51,39 +51,25 @@ TEST_F(BinderObjectTest, LastStrongReferenceDestroysTheUserData) {
     EXPECT_EQ(1, mLifetime.created);
     EXPECT_EQ(live + 1, ndk::host::liveBinderCount());
     EXPECT_EQ(&mLifetime, AIBinder_getUserData(binder));
-    EXPECT_FALSE(AIBinder_isRemote(binder));
-    EXPECT_EQ(STATUS_OK, AIBinder_ping(binder));
     // Classes match by identity, not by descriptor.
     static AIBinder_Class* sTwin =
             AIBinder_Class_define("host.test.IObject", nullptr, nullptr, nullptr);
     EXPECT_TRUE(AIBinder_associateClass(binder, objectClass()));
     EXPECT_FALSE(AIBinder_associateClass(binder, sTwin));
 
-    AIBinder_incStrong(binder);
+    // Promoting a weak reference counts as a strong one until the binder is gone.
+    AIBinder_Weak* weak = AIBinder_Weak_new(binder);
+    AIBinder_Weak* clone = AIBinder_Weak_clone(weak);
+    EXPECT_FALSE(AIBinder_Weak_lt(weak, clone) || AIBinder_Weak_lt(clone, weak));
+    AIBinder* promoted = AIBinder_Weak_promote(clone);
+    EXPECT_EQ(binder, promoted);
     EXPECT_EQ(2, AIBinder_debugGetRefCount(binder));
-    AIBinder_decStrong(binder);
+    AIBinder_decStrong(promoted);
     EXPECT_EQ(0, mLifetime.destroyed);
     AIBinder_decStrong(binder);
     EXPECT_EQ(1, mLifetime.destroyed);
     EXPECT_EQ(live, ndk::host::liveBinderCount());
-}
-
-TEST_F(BinderObjectTest, WeakReferenceStopsPromotingAfterDestruction) {
-    AIBinder* binder = AIBinder_new(objectClass(), &mLifetime);
-    AIBinder_Weak* weak = AIBinder_Weak_new(binder);
-    AIBinder_Weak* clone = AIBinder_Weak_clone(weak);
-    EXPECT_FALSE(AIBinder_Weak_lt(weak, clone));
-    EXPECT_FALSE(AIBinder_Weak_lt(clone, weak));
-
-    AIBinder* promoted = AIBinder_Weak_promote(weak);
-    EXPECT_EQ(binder, promoted);
-    EXPECT_EQ(2, AIBinder_debugGetRefCount(binder));
-    AIBinder_decStrong(promoted);
-    AIBinder_decStrong(binder);
-    EXPECT_EQ(1, mLifetime.destroyed);
-
     EXPECT_EQ(nullptr, AIBinder_Weak_promote(weak));
-    EXPECT_EQ(nullptr, AIBinder_Weak_promote(clone));
     AIBinder_Weak_delete(weak);
     AIBinder_Weak_delete(clone);
 }
@@ -182,39 +168,29 @@ TEST_F(BinderObjectTest, DeathCallbackMayReenterTheLibrary) {
     gReentry = nullptr;
 }
 
-TEST_F(BinderObjectTest, UnlinkRemovesOneMatchingLink) {
-    AIBinder* binder = newRemote();
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, mRecipient, cookie(1)));
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, mRecipient, cookie(1)));
-
-    EXPECT_EQ(STATUS_UNEXPECTED_NULL, AIBinder_unlinkToDeath(binder, nullptr, cookie(1)));
-    EXPECT_EQ(STATUS_NAME_NOT_FOUND, AIBinder_unlinkToDeath(binder, mRecipient, cookie(2)));
-    EXPECT_EQ(STATUS_OK, AIBinder_unlinkToDeath(binder, mRecipient, cookie(1)));
-    EXPECT_EQ(1u, ndk::host::linkCount(binder));
-    EXPECT_EQ((Strings{"unlinked:1"}), events());
-
-    ndk::host::kill(binder);
-    EXPECT_EQ((Strings{"unlinked:1", "died:1", "unlinked:1"}), events());
-    AIBinder_decStrong(binder);
-}
-
-TEST_F(BinderObjectTest, DeletingRecipientUnlinksEveryBinder) {
+TEST_F(BinderObjectTest, UnlinkAndRecipientDeletionEndOnlyTheirLinks) {
     AIBinder* first = newRemote();
     AIBinder* second = newRemote();
+    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(first, mRecipient, cookie(1)));
+    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(first, mRecipient, cookie(1)));
+    EXPECT_EQ(STATUS_UNEXPECTED_NULL, AIBinder_unlinkToDeath(first, nullptr, cookie(1)));
+    EXPECT_EQ(STATUS_NAME_NOT_FOUND, AIBinder_unlinkToDeath(first, mRecipient, cookie(2)));
+    EXPECT_EQ(STATUS_OK, AIBinder_unlinkToDeath(first, mRecipient, cookie(1)));
+    EXPECT_EQ(1u, ndk::host::linkCount(first));
+    EXPECT_EQ((Strings{"unlinked:1"}), events());
+
     AIBinder_DeathRecipient* recipient = AIBinder_DeathRecipient_new(recordDied);
     AIBinder_DeathRecipient_setOnUnlinked(recipient, recordUnlinked);
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(first, recipient, cookie(1)));
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(second, recipient, cookie(2)));
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(second, mRecipient, cookie(3)));
-
+    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(first, recipient, cookie(2)));
+    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(second, recipient, cookie(3)));
     AIBinder_DeathRecipient_delete(recipient);
-    EXPECT_EQ((Strings{"unlinked:1", "unlinked:2"}), events());
-    EXPECT_EQ(0u, ndk::host::linkCount(first));
-    EXPECT_EQ(1u, ndk::host::linkCount(second));
+    EXPECT_EQ((Strings{"unlinked:1", "unlinked:2", "unlinked:3"}), events());
+    EXPECT_EQ(1u, ndk::host::linkCount(first));
+    EXPECT_EQ(0u, ndk::host::linkCount(second));
 
     ndk::host::kill(first);
     ndk::host::kill(second);
-    EXPECT_EQ((Strings{"unlinked:1", "unlinked:2", "died:3", "unlinked:3"}), events());
+    EXPECT_EQ((Strings{"unlinked:1", "unlinked:2", "unlinked:3", "died:1", "unlinked:1"}), events());
     AIBinder_decStrong(first);
     AIBinder_decStrong(second);
 }

@@ -30,52 +30,37 @@ class ServiceManagerTest : public BinderTest {
     AIBinder* mBinder = nullptr;
 };
 
-TEST_F(ServiceManagerTest, RegisteredServiceIsFoundWithANewReference) {
+TEST_F(ServiceManagerTest, RegistrationHoldsAReferenceAndLookupsGiveNewOnes) {
     EXPECT_FALSE(AServiceManager_isDeclared(kName));
-    EXPECT_EQ(nullptr, AServiceManager_checkService(kName));
-
-    ASSERT_EQ(EX_NONE, AServiceManager_addService(mBinder, kName));
-    EXPECT_EQ(2, AIBinder_debugGetRefCount(mBinder));
-    EXPECT_TRUE(AServiceManager_isDeclared(kName));
-
-    AIBinder* found = AServiceManager_checkService(kName);
-    EXPECT_EQ(mBinder, found);
-    EXPECT_EQ(3, AIBinder_debugGetRefCount(mBinder));
-    AIBinder_decStrong(found);
-    EXPECT_EQ(nullptr, AServiceManager_checkService("host.test.IObject/other"));
-}
-
-TEST_F(ServiceManagerTest, AddingUnderATakenNameReplacesTheService) {
-    Lifetime lifetime;
-    AIBinder* replacement = AIBinder_new(objectClass(), &lifetime);
-    ASSERT_EQ(EX_NONE, AServiceManager_addService(mBinder, kName));
-    ASSERT_EQ(EX_NONE, AServiceManager_addService(replacement, kName));
-    EXPECT_EQ(1, AIBinder_debugGetRefCount(mBinder));
-
-    AIBinder* found = AServiceManager_checkService(kName);
-    EXPECT_EQ(replacement, found);
-    AIBinder_decStrong(found);
-    AIBinder_decStrong(replacement);
-
-    // The registration held the last reference of the replacement.
-    ndk::host::resetServiceManager();
-    EXPECT_EQ(1, lifetime.destroyed);
-    EXPECT_EQ(nullptr, AServiceManager_checkService(kName));
-    EXPECT_FALSE(AServiceManager_isDeclared(kName));
-}
-
-TEST_F(ServiceManagerTest, RefusalsRegisterNothing) {
     EXPECT_EQ(EX_ILLEGAL_ARGUMENT, AServiceManager_addService(nullptr, kName));
     EXPECT_EQ(EX_ILLEGAL_ARGUMENT, AServiceManager_addService(mBinder, nullptr));
-
     ndk::host::failNextAddService(EX_ILLEGAL_STATE);
     EXPECT_EQ(EX_ILLEGAL_STATE, AServiceManager_addService(mBinder, kName));
     EXPECT_EQ(nullptr, AServiceManager_checkService(kName));
     EXPECT_EQ(1, AIBinder_debugGetRefCount(mBinder));
 
-    EXPECT_EQ(EX_NONE,
-              AServiceManager_addServiceWithFlags(mBinder, kName, ADD_SERVICE_ALLOW_ISOLATED));
+    ASSERT_EQ(EX_NONE, AServiceManager_addService(mBinder, kName));
+    EXPECT_EQ(2, AIBinder_debugGetRefCount(mBinder));
     EXPECT_TRUE(AServiceManager_isDeclared(kName));
+    AIBinder* found = AServiceManager_checkService(kName);
+    EXPECT_EQ(mBinder, found);
+    EXPECT_EQ(3, AIBinder_debugGetRefCount(mBinder));
+    AIBinder_decStrong(found);
+    EXPECT_EQ(nullptr, AServiceManager_checkService("host.test.IObject/other"));
+
+    // A second registration under the name replaces the first.
+    Lifetime lifetime;
+    AIBinder* replacement = AIBinder_new(objectClass(), &lifetime);
+    ASSERT_EQ(EX_NONE,
+              AServiceManager_addServiceWithFlags(replacement, kName, ADD_SERVICE_ALLOW_ISOLATED));
+    EXPECT_EQ(1, AIBinder_debugGetRefCount(mBinder));
+    found = AServiceManager_checkService(kName);
+    EXPECT_EQ(replacement, found);
+    AIBinder_decStrong(found);
+    AIBinder_decStrong(replacement);
+    ndk::host::resetServiceManager();
+    EXPECT_EQ(1, lifetime.destroyed) << "the registration held the last reference";
+    EXPECT_FALSE(AServiceManager_isDeclared(kName));
 }
 
 TEST_F(ServiceManagerTest, WaitForServiceReturnsOnceAdded) {

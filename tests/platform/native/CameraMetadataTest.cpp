@@ -76,30 +76,15 @@ void expectSampleContents(const camera_metadata_t* metadata) {
     EXPECT_EQ(90, entry.data.i32[0]);
 }
 
-TEST(CameraMetadataLayout, SizesFollowTheFormula) {
+TEST(CameraMetadataEntries, SizesAndInlineAndOutOfLinePayloads) {
     EXPECT_EQ(48u, calculate_camera_metadata_size(0, 0));
-    EXPECT_EQ(64u, calculate_camera_metadata_size(1, 0));
     EXPECT_EQ(88u, calculate_camera_metadata_size(2, 5));
-    EXPECT_EQ(112u, calculate_camera_metadata_size(3, 9));
-    EXPECT_EQ(8u, get_camera_metadata_alignment());
-    EXPECT_EQ(1u, get_camera_metadata_size(nullptr));
-
     EXPECT_EQ(0u, calculate_camera_metadata_entry_data_size(TYPE_BYTE, 4));
     EXPECT_EQ(8u, calculate_camera_metadata_entry_data_size(TYPE_BYTE, 5));
-    EXPECT_EQ(8u, calculate_camera_metadata_entry_data_size(TYPE_INT64, 1));
     EXPECT_EQ(24u, calculate_camera_metadata_entry_data_size(TYPE_RATIONAL, 3));
 
-    MetadataPtr metadata(allocate_camera_metadata(3, 9));
-    ASSERT_NE(nullptr, metadata);
-    EXPECT_EQ(112u, get_camera_metadata_size(metadata.get()));
-    EXPECT_EQ(48u, get_camera_metadata_compact_size(metadata.get()));
-    EXPECT_EQ(3u, get_camera_metadata_entry_capacity(metadata.get()));
-    EXPECT_EQ(9u, get_camera_metadata_data_capacity(metadata.get()));
-    EXPECT_EQ(0, validate_camera_metadata_structure(metadata.get(), nullptr));
-}
-
-TEST(CameraMetadataEntries, InlineAndOutOfLinePayloads) {
     MetadataPtr metadata = makeSample();
+    EXPECT_EQ(calculate_camera_metadata_size(4, 40), get_camera_metadata_size(metadata.get()));
     expectSampleContents(metadata.get());
     // Only the int64 (8 bytes) and the 8 int32 (32 bytes) use the payload area.
     EXPECT_EQ(40u, get_camera_metadata_data_count(metadata.get()));
@@ -161,7 +146,7 @@ TEST(CameraMetadataEntries, UpdateDeleteAndSortKeepPayloadsIntact) {
     EXPECT_EQ(0, validate_camera_metadata_structure(metadata.get(), nullptr));
 }
 
-TEST(CameraMetadataCopy, CompactsIntoExactAndLargerBuffersAndRefusesSmallOnes) {
+TEST(CameraMetadataCopy, CompactAppendAndCheckedCopies) {
     MetadataPtr source = makeSample(6, 100);
     const size_t compact = get_camera_metadata_compact_size(source.get());
     ASSERT_EQ(calculate_camera_metadata_size(4, 40), compact);
@@ -180,23 +165,7 @@ TEST(CameraMetadataCopy, CompactsIntoExactAndLargerBuffersAndRefusesSmallOnes) {
     ASSERT_NE(nullptr, copy);
     EXPECT_EQ(compact, get_camera_metadata_size(copy));
     expectSampleContents(copy);
-
-    offlinecamera::test::LogCapture::Start();
     EXPECT_EQ(nullptr, copy_camera_metadata(exact.data(), compact - 8, source.get()));
-    EXPECT_TRUE(offlinecamera::test::LogCapture::Contains(
-            {ANDROID_LOG_ERROR, "CameraMetadata",
-             offlinecamera::test::Format("copy_camera_metadata: Memory needed to place camera "
-                                         "metadata (%zu) > dst size (%zu)",
-                                         compact, compact - 8)}))
-            << offlinecamera::test::LogCapture::Dump();
-    EXPECT_EQ(nullptr, copy_camera_metadata(nullptr, compact, source.get()));
-}
-
-TEST(CameraMetadataCopy, CloneAppendAndCheckedCopy) {
-    MetadataPtr source = makeSample();
-    MetadataPtr clone(clone_camera_metadata(source.get()));
-    ASSERT_NE(nullptr, clone);
-    expectSampleContents(clone.get());
 
     // Appending rebases the payload offsets of the appended entries.
     MetadataPtr combined(allocate_camera_metadata(5, 48));
@@ -216,19 +185,6 @@ TEST(CameraMetadataCopy, CloneAppendAndCheckedCopy) {
     ASSERT_NE(nullptr, checked);
     expectSampleContents(checked.get());
     EXPECT_EQ(nullptr, allocate_copy_camera_metadata_checked(source.get(), size - 8));
-}
-
-TEST(CameraMetadataTags, NamesTypesAndSections) {
-    EXPECT_STREQ("android.control", get_camera_metadata_section_name(ANDROID_CONTROL_AE_MODE));
-    EXPECT_STREQ("aeMode", get_camera_metadata_tag_name(ANDROID_CONTROL_AE_MODE));
-    EXPECT_STREQ("android.sensor.info",
-                 get_camera_metadata_section_name(ANDROID_SENSOR_INFO_ACTIVE_ARRAY_SIZE));
-    EXPECT_EQ(TYPE_INT64, get_camera_metadata_tag_type(ANDROID_SENSOR_TIMESTAMP));
-    EXPECT_EQ(TYPE_FLOAT, get_camera_metadata_tag_type(ANDROID_LENS_FOCAL_LENGTH));
-    EXPECT_EQ(TYPE_BYTE, get_camera_metadata_tag_type(ANDROID_INFO_SUPPORTED_HARDWARE_LEVEL));
-    EXPECT_EQ(-1, get_camera_metadata_tag_type(ANDROID_CONTROL_END));
-    EXPECT_EQ(nullptr, get_camera_metadata_tag_name(VENDOR_SECTION_START));
-    EXPECT_EQ(nullptr, get_camera_metadata_section_name(ANDROID_SECTION_COUNT << 16));
 }
 
 // Validation of buffers from other processes.
@@ -251,7 +207,7 @@ class CameraMetadataValidation : public ::testing::Test {
     std::vector<uint64_t> mBuffer;
 };
 
-TEST_F(CameraMetadataValidation, AcceptsIntactAndRejectsNull) {
+TEST_F(CameraMetadataValidation, RejectsEveryCorruptedField) {
     EXPECT_EQ(0, validate());
     offlinecamera::test::LogCapture::Start();
     EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
@@ -259,9 +215,7 @@ TEST_F(CameraMetadataValidation, AcceptsIntactAndRejectsNull) {
     EXPECT_TRUE(offlinecamera::test::LogCapture::Contains(
             {ANDROID_LOG_ERROR, "CameraMetadata",
              "validate_camera_metadata_structure: metadata is null!"}));
-}
 
-TEST_F(CameraMetadataValidation, RejectsCorruptedHeaders) {
     struct Corruption {
         const char* what;
         size_t offset;
@@ -277,25 +231,6 @@ TEST_F(CameraMetadataValidation, RejectsCorruptedHeaders) {
             {"entry records inside the header", kEntriesStartOffset, 32},
             {"data area beyond size", kDataStartOffset, static_cast<uint32_t>(mSize)},
             {"misaligned data area", kDataStartOffset, 116},
-    };
-    for (const Corruption& corruption : corruptions) {
-        SetUp();
-        poke32(bytes(), corruption.offset, corruption.value);
-        EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR, validate()) << corruption.what;
-    }
-    const size_t tooSmall = kHeaderBytes - 1;
-    EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
-              validate_camera_metadata_structure(
-                      reinterpret_cast<const camera_metadata_t*>(bytes()), &tooSmall));
-}
-
-TEST_F(CameraMetadataValidation, RejectsCorruptedEntries) {
-    struct Corruption {
-        const char* what;
-        size_t offset;
-        uint32_t value;
-    };
-    const Corruption corruptions[] = {
             {"invalid type", entryOffset(0, kEntryTypeField), NUM_TYPES},
             {"type differs from the tag's", entryOffset(0, kEntryTypeField), TYPE_INT32},
             {"payload past data count", entryOffset(2, kEntryDataField), 16},
@@ -308,6 +243,10 @@ TEST_F(CameraMetadataValidation, RejectsCorruptedEntries) {
         poke32(bytes(), corruption.offset, corruption.value);
         EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR, validate()) << corruption.what;
     }
+    const size_t tooSmall = kHeaderBytes - 1;
+    EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
+              validate_camera_metadata_structure(
+                      reinterpret_cast<const camera_metadata_t*>(bytes()), &tooSmall));
 }
 
 TEST_F(CameraMetadataValidation, MisalignedBufferIsShiftedAndCloneable) {
@@ -321,66 +260,6 @@ TEST_F(CameraMetadataValidation, MisalignedBufferIsShiftedAndCloneable) {
     ASSERT_NE(nullptr, clone);
     EXPECT_EQ(0, validate_camera_metadata_structure(clone.get(), nullptr));
     expectSampleContents(clone.get());
-}
-
-// Arbitrary bytes never make validation read outside the buffer (exactly sized heap blocks, so
-// that sanitizers see any overrun), and whatever it accepts can be read entry by entry.
-TEST(CameraMetadataHostileBytes, ValidationStaysInsideTheBuffer) {
-    uint64_t state = 0x9E3779B97F4A7C15ull;
-    auto next = [&state]() {
-        state = state * 6364136223846793005ull + 1442695040888963407ull;
-        return static_cast<uint32_t>(state >> 33);
-    };
-    size_t accepted = 0;
-    offlinecamera::test::LogCapture::Start();  // keeps thousands of rejections off stderr
-    for (int round = 0; round < 4000; ++round) {
-        const size_t size = next() % 200;
-        std::unique_ptr<void, decltype(&free)> storage(malloc(size > 0 ? size : 1), &free);
-        uint8_t* buffer = static_cast<uint8_t*>(storage.get());
-        for (size_t i = 0; i < size; ++i) {
-            buffer[i] = static_cast<uint8_t>(next());
-        }
-        if (size >= kHeaderBytes && round % 2 == 0) {
-            // A plausible header so that the entry checks run too.
-            const uint32_t entries = next() % 5;
-            poke32(buffer, kSizeOffset, static_cast<uint32_t>(size - next() % 8));
-            poke32(buffer, kEntryCountOffset, entries);
-            poke32(buffer, kEntryCapacityOffset, entries + next() % 2);
-            poke32(buffer, kEntriesStartOffset, kHeaderBytes);
-            poke32(buffer, kDataCountOffset, next() % 64);
-            poke32(buffer, 28, next() % 64);
-            poke32(buffer, kDataStartOffset, (kHeaderBytes + 16 * entries + 7) & ~7u);
-            for (uint32_t i = 0; i < entries; ++i) {
-                const size_t entry = kHeaderBytes + i * kEntryBytes;
-                if (entry + kEntryBytes <= size) {
-                    buffer[entry + kEntryTypeField] = static_cast<uint8_t>(next() % NUM_TYPES);
-                    poke32(buffer, entry + kEntryCountField, next() % 12);
-                    poke32(buffer, entry + kEntryDataField, (next() % 64) & ~7u);
-                }
-            }
-        }
-        const auto* metadata = reinterpret_cast<const camera_metadata_t*>(buffer);
-        const int result = validate_camera_metadata_structure(metadata, &size);
-        ASSERT_TRUE(result == 0 || result == CAMERA_METADATA_VALIDATION_ERROR) << result;
-        if (result != 0) {
-            continue;
-        }
-        ++accepted;
-        // Accepted buffers can be cloned and every payload byte read.
-        MetadataPtr clone(clone_camera_metadata(metadata));
-        ASSERT_NE(nullptr, clone);
-        unsigned sum = 0;
-        for (size_t i = 0; i < get_camera_metadata_entry_count(clone.get()); ++i) {
-            camera_metadata_ro_entry_t entry;
-            ASSERT_EQ(0, get_camera_metadata_ro_entry(clone.get(), i, &entry));
-            for (size_t b = 0; b < entry.count * camera_metadata_type_size[entry.type]; ++b) {
-                sum += entry.data.u8[b];
-            }
-        }
-        (void)sum;
-    }
-    EXPECT_GT(accepted, 0u) << "the plausible headers never passed; the fuzzing is too shallow";
-    offlinecamera::test::LogCapture::Clear();
 }
 
 }  // namespace

@@ -1,12 +1,10 @@
-// The host graphics buffer mapper: import and free, CPU mappings, failure injection, fences.
-#include <fcntl.h>
+// The host graphics buffer mapper: import and free, CPU mappings and failure injection.
 #include <gtest/gtest.h>
 #include <hostplatform/GrallocTesting.h>
 #include <string.h>
 #include <ui/GraphicBufferMapper.h>
 #include <unistd.h>
 
-#include <thread>
 #include <vector>
 
 #include "NativeTestSupport.h"
@@ -55,102 +53,68 @@ class GraphicBufferMapperTest : public nativetest::FdBalancedTest {
     size_t mLiveAtStart = 0;
 };
 
-TEST_F(GraphicBufferMapperTest, ImportDuplicatesDescriptorsAndFreeReleasesThem) {
+TEST_F(GraphicBufferMapperTest, ImportDuplicatesDescriptorsAndRefusesForeignHandles) {
     native_handle_t* raw = allocate(64, 32, HAL_PIXEL_FORMAT_RGBA_8888);
     const size_t fdsBefore = nativetest::openFdCount();
 
     buffer_handle_t imported = import(raw);
     ASSERT_NE(nullptr, imported);
-    EXPECT_NE(raw, imported);
     EXPECT_NE(raw->data[0], imported->data[0]);
     EXPECT_EQ(0, memcmp(&raw->data[1], &imported->data[1], sizeof(int) * raw->numInts));
     EXPECT_EQ(mLiveAtStart + 1, hostgralloc::liveImportCount());
     EXPECT_EQ(fdsBefore + 1, nativetest::openFdCount());
-
     EXPECT_EQ(OK, mMapper.freeBuffer(imported));
     EXPECT_EQ(mLiveAtStart, hostgralloc::liveImportCount());
     EXPECT_EQ(fdsBefore, nativetest::openFdCount());
     EXPECT_EQ(BAD_VALUE, mMapper.freeBuffer(raw)) << "never imported";
-    EXPECT_EQ(2u, hostgralloc::callCount(Op::Free));
-}
 
-TEST_F(GraphicBufferMapperTest, ImportRejectsForeignHandles) {
     buffer_handle_t out = nullptr;
     EXPECT_EQ(BAD_VALUE, mMapper.importBufferNoValidate(nullptr, &out));
-
     native_handle_t* noFds = native_handle_create(0, hostgralloc::kHandleInts);
     EXPECT_EQ(BAD_VALUE, mMapper.importBufferNoValidate(noFds, &out));
     native_handle_delete(noFds);
-
-    native_handle_t* raw = allocate(16, 16, HAL_PIXEL_FORMAT_Y8);
     raw->data[1] ^= 1;  // magic
     EXPECT_EQ(BAD_VALUE, mMapper.importBufferNoValidate(raw, &out));
     raw->data[1] ^= 1;
-
     const int fd = raw->data[0];
     raw->data[0] = dup(fd);
     close(raw->data[0]);  // now a closed descriptor
     EXPECT_EQ(BAD_VALUE, mMapper.importBufferNoValidate(raw, &out));
     raw->data[0] = fd;
-
     EXPECT_EQ(nullptr, out);
     EXPECT_EQ(mLiveAtStart, hostgralloc::liveImportCount());
     EXPECT_EQ(nullptr, hostgralloc::allocate(16, 16, 0x7777, 0)) << "unknown format";
 }
 
-TEST_F(GraphicBufferMapperTest, ImportsOfOneBufferShareItsContents) {
+TEST_F(GraphicBufferMapperTest, LocksAreBoundedAndCountedPerImport) {
     native_handle_t* raw = allocate(32, 8, HAL_PIXEL_FORMAT_RGBA_8888);
     buffer_handle_t first = import(raw);
     buffer_handle_t second = import(raw);
-
-    void* writer = nullptr;
-    ASSERT_EQ(OK, mMapper.lock(first, 0x30, Rect(32, 8), &writer));
-    memset(writer, 0x5A, 32 * 8 * 4);
-    void* reader = nullptr;
-    ASSERT_EQ(OK, mMapper.lock(second, 0x3, Rect(4, 2, 8, 6), &reader));
+    void* address = nullptr;
+    ASSERT_EQ(OK, mMapper.lock(first, 0x30, Rect(32, 8), &address));
+    ASSERT_EQ(OK, mMapper.lock(second, 0x3, Rect(4, 2, 8, 6), &address));
     EXPECT_EQ(Rect(4, 2, 8, 6), hostgralloc::lastLockRect());
-    EXPECT_EQ(0x3u, hostgralloc::lastLockUsage());
-    const std::vector<uint8_t> expected(32 * 8 * 4, 0x5A);
-    EXPECT_EQ(0, memcmp(expected.data(), reader, expected.size()));
-
     EXPECT_EQ(OK, mMapper.unlock(first));
     EXPECT_EQ(OK, mMapper.unlock(second));
     EXPECT_EQ(BAD_VALUE, mMapper.unlock(second)) << "not locked any more";
-    EXPECT_EQ(OK, mMapper.freeBuffer(first));
-    EXPECT_EQ(OK, mMapper.freeBuffer(second));
-}
 
-TEST_F(GraphicBufferMapperTest, BlobBoundsAreBytesByOneRow) {
     buffer_handle_t blob = import(allocate(1000, 1, HAL_PIXEL_FORMAT_BLOB));
-    void* address = nullptr;
     EXPECT_EQ(BAD_VALUE, mMapper.lock(blob, 0x3, Rect(0, 0, 1001, 1), &address));
     EXPECT_EQ(BAD_VALUE, mMapper.lock(blob, 0x3, Rect(0, 0, 10, 2), &address));
-    ASSERT_EQ(OK, mMapper.lock(blob, 0x3, Rect(0, 0, 1000, 1), &address));
-    static_cast<uint8_t*>(address)[999] = 1;  // the last byte is mapped
-    EXPECT_EQ(OK, mMapper.unlock(blob));
-    EXPECT_EQ(OK, mMapper.freeBuffer(blob));
-}
+    EXPECT_EQ(BAD_VALUE, mMapper.unlock(blob)) << "refused locks do not count";
 
-TEST_F(GraphicBufferMapperTest, YCbCrPlaneLayouts) {
+    // Sub-rectangles start at their top-left samples; semi-planar chroma interleaves.
     buffer_handle_t i420 = import(allocate(64, 48, HAL_PIXEL_FORMAT_YCBCR_420_888));
-    void* base = nullptr;
-    ASSERT_EQ(OK, mMapper.lock(i420, 0x3, Rect(64, 48), &base));
-    auto* bytes = static_cast<uint8_t*>(base);
     android_ycbcr ycbcr{};
     ASSERT_EQ(OK, mMapper.lockYCbCr(i420, 0x3, Rect(64, 48), &ycbcr));
-    EXPECT_EQ(bytes, ycbcr.y);
-    EXPECT_EQ(bytes + 64 * 48, ycbcr.cb);
+    auto* bytes = static_cast<uint8_t*>(ycbcr.y);
     EXPECT_EQ(bytes + 64 * 48 + 32 * 24, ycbcr.cr);
-    EXPECT_EQ(64u, ycbcr.ystride);
     EXPECT_EQ(32u, ycbcr.cstride);
-    EXPECT_EQ(1u, ycbcr.chroma_step);
-    // A sub-rectangle starts at its top-left samples.
     ASSERT_EQ(OK, mMapper.lockYCbCr(i420, 0x3, Rect(8, 4, 16, 12), &ycbcr));
     EXPECT_EQ(bytes + 4 * 64 + 8, ycbcr.y);
     EXPECT_EQ(bytes + 64 * 48 + 2 * 32 + 4, ycbcr.cb);
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(OK, mMapper.unlock(i420));
-    }
+    EXPECT_EQ(OK, mMapper.unlock(i420));
+    EXPECT_EQ(OK, mMapper.unlock(i420));
 
     buffer_handle_t nv21 = import(allocate(64, 48, HAL_PIXEL_FORMAT_YCRCB_420_SP));
     ASSERT_EQ(OK, mMapper.lockYCbCr(nv21, 0x3, Rect(64, 48), &ycbcr));
@@ -161,12 +125,10 @@ TEST_F(GraphicBufferMapperTest, YCbCrPlaneLayouts) {
     EXPECT_EQ(2u, ycbcr.chroma_step);
     bytes[64 * 48 + 64 * 24 - 1] = 1;  // the last chroma byte is mapped
     EXPECT_EQ(OK, mMapper.unlock(nv21));
+    EXPECT_EQ(BAD_VALUE, mMapper.lockYCbCr(first, 0x3, Rect(32, 8), &ycbcr)) << "not YCbCr";
+    EXPECT_EQ(BAD_VALUE, mMapper.unlock(first));
 
-    buffer_handle_t rgba = import(allocate(8, 8, HAL_PIXEL_FORMAT_RGBA_8888));
-    EXPECT_EQ(BAD_VALUE, mMapper.lockYCbCr(rgba, 0x3, Rect(8, 8), &ycbcr));
-    EXPECT_EQ(BAD_VALUE, mMapper.unlock(rgba)) << "the failed lock left it unlocked";
-
-    for (buffer_handle_t handle : {i420, nv21, rgba}) {
+    for (buffer_handle_t handle : {first, second, blob, i420, nv21}) {
         EXPECT_EQ(OK, mMapper.freeBuffer(handle));
     }
 }
@@ -186,6 +148,8 @@ TEST_F(GraphicBufferMapperTest, InjectedFailuresHaveNoEffect) {
     EXPECT_EQ(BAD_TYPE, mMapper.lock(imported, 0x3, Rect(16, 16), &address));
     EXPECT_EQ(BAD_VALUE, mMapper.unlock(imported)) << "failed locks do not count";
     EXPECT_EQ(OK, mMapper.lock(imported, 0x3, Rect(16, 16), &address));
+    // Without a fence pointer the mapper closes the release fence itself (checked by TearDown).
+    hostgralloc::setUnlockFence(true);
     EXPECT_EQ(OK, mMapper.unlock(imported));
 
     hostgralloc::failNext(Op::LockYCbCr, UNKNOWN_ERROR);
@@ -200,49 +164,7 @@ TEST_F(GraphicBufferMapperTest, InjectedFailuresHaveNoEffect) {
     EXPECT_EQ(2u, hostgralloc::callCount(Op::Import));
     EXPECT_EQ(3u, hostgralloc::callCount(Op::Lock));
     EXPECT_EQ(2u, hostgralloc::callCount(Op::Unlock));
-}
-
-TEST_F(GraphicBufferMapperTest, UnlockHandsOutTheReleaseFence) {
-    buffer_handle_t imported = import(allocate(16, 16, HAL_PIXEL_FORMAT_RGBA_8888));
-    void* address = nullptr;
-    base::unique_fd fence;
-
-    ASSERT_EQ(OK, mMapper.lock(imported, 0x3, Rect(16, 16), &address));
-    EXPECT_EQ(OK, mMapper.unlock(imported, &fence));
-    EXPECT_EQ(-1, fence.get());
-
-    hostgralloc::setUnlockFence(true);
-    ASSERT_EQ(OK, mMapper.lock(imported, 0x3, Rect(16, 16), &address));
-    EXPECT_EQ(OK, mMapper.unlock(imported, &fence));
-    EXPECT_GE(fcntl(fence.get(), F_GETFD), 0) << "a real descriptor";
-    fence.reset();
-
-    // Without a fence pointer the mapper consumes the fence itself.
-    ASSERT_EQ(OK, mMapper.lock(imported, 0x3, Rect(16, 16), &address));
-    EXPECT_EQ(OK, mMapper.unlock(imported));
-
-    // A failing unlock still hands out its fence.
-    hostgralloc::failNext(Op::Unlock, BAD_TYPE);
-    int fenceFd = -1;
-    EXPECT_EQ(BAD_TYPE, mMapper.unlockAsync(imported, &fenceFd));
-    EXPECT_GE(fenceFd, 0);
-    close(fenceFd);
-
-    EXPECT_EQ(OK, mMapper.freeBuffer(imported));
-}
-
-TEST_F(GraphicBufferMapperTest, EveryThreadGetsTheSameMapper) {
-    std::vector<GraphicBufferMapper*> seen(8, nullptr);
-    std::vector<std::thread> threads;
-    for (size_t i = 0; i < seen.size(); ++i) {
-        threads.emplace_back([&seen, i] { seen[i] = &GraphicBufferMapper::get(); });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    for (GraphicBufferMapper* mapper : seen) {
-        EXPECT_EQ(&mMapper, mapper);
-    }
+    EXPECT_EQ(2u, hostgralloc::callCount(Op::Free));
 }
 
 }  // namespace
