@@ -19,10 +19,11 @@
  *  - it zeroes its output arrays before a request and treats every entry that comes back with a
  *    buffer as lent, also when the request as a whole failed;
  *  - it calls the producer operations from one thread, never while clients come and go.
- * Two outcomes stop the process by design and are kept out of the way: a client reply holding
- * an error instead of buffers (the fuzz clients always answer with the buffers alternative), and
- * a result with buffers for a client id that never registered (the HAL only returns buffers that
- * it was lent, which implies a registration).
+ * The process stop that brokering has by design is kept out of the way: a client reply holding an
+ * error instead of a buffer list ends the process in the generated union accessor, so the fuzz
+ * clients always answer with the buffers alternative. (The other one, a buffer coming back for a
+ * client id without a list of lent buffers, cannot be reached through the service: every
+ * registration makes that list.)
  */
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
