@@ -1,7 +1,8 @@
 /*
  * Writes the seed corpora of the fuzz targets into the folder given on the command line, one
- * sub-folder per target. Seeds are made with the platform's own metadata functions so that they
- * follow the buffer format of the build they are used with.
+ * sub-folder per target. Metadata seeds are made with the platform's own metadata functions so
+ * that they follow the buffer format of the build they are used with; registration seeds are
+ * programs in the encoding of RegistrationProgram.h.
  */
 #include <stdint.h>
 #include <stdio.h>
@@ -11,6 +12,8 @@
 
 #include <string>
 #include <vector>
+
+#include "RegistrationProgram.h"
 
 namespace {
 
@@ -49,6 +52,65 @@ bool MetadataSeeds(const std::string& dir) {
     return ok;
 }
 
+using namespace ::offlinecamera::fuzz;
+
+// Index of a client id in kClientIds.
+constexpr uint8_t kId7 = 8;
+constexpr uint8_t kIdMinusOne = 1;
+
+uint8_t ReplyByte(Reply reply) {
+    return static_cast<uint8_t>(reply);
+}
+
+bool RegistrationSeeds(const std::string& dir) {
+    bool ok = true;
+    // One round trip: register, two streams of two buffers, results with and without metadata.
+    const std::vector<uint8_t> roundTrip = {
+            kRegister,   kId7,    0,    kProducer, kId7,    1,    kRequest,
+            kId7,        2,       2,    0,         2,       1,    ReplyByte(Reply::kLend),
+            0,           kResult, kId7, 0x06,      kResult, kId7, 0x12,
+            kUnregister, kId7};
+    ok &= WriteFile(dir + "/round-trip", roundTrip.data(), roundTrip.size());
+
+    // The client dies with buffers lent; the HAL's result then finds no consumer.
+    const std::vector<uint8_t> death = {kRegister,
+                                        kIdMinusOne,
+                                        1,
+                                        kRequest,
+                                        kIdMinusOne,
+                                        1,
+                                        3,
+                                        1,
+                                        0,
+                                        0,
+                                        ReplyByte(Reply::kLend),
+                                        0,
+                                        kKill,
+                                        1,
+                                        kResult,
+                                        kIdMinusOne,
+                                        0x01};
+    ok &= WriteFile(dir + "/death-with-buffers", death.data(), death.size());
+
+    // Eleven clients: the eleventh is refused until one leaves; one registers without a death
+    // link.
+    std::vector<uint8_t> eleven;
+    for (uint8_t i = 0; i < 11; i++) {
+        if (i == 3) eleven.insert(eleven.end(), {kFailLink, 0});
+        eleven.insert(eleven.end(), {kRegister, i, static_cast<uint8_t>(0x10 | i)});
+    }
+    eleven.insert(eleven.end(), {kRegister, 11, 11, kUnregister, 0, kRegister, 11, 11});
+    ok &= WriteFile(dir + "/eleven-clients", eleven.data(), eleven.size());
+
+    // Every kind of client reply, each followed by a result that names a buffer never lent.
+    std::vector<uint8_t> replies = {kRegister, 2, 2};
+    for (uint8_t reply = 0; reply < static_cast<uint8_t>(Reply::kCount); reply++) {
+        replies.insert(replies.end(), {kRequest, 2, 2, 2, 1, 1, 3, reply, 1, kResult, 2, 0x0b, 1});
+    }
+    ok &= WriteFile(dir + "/replies", replies.data(), replies.size());
+    return ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -62,6 +124,12 @@ int main(int argc, char** argv) {
     mkdir(metadataDir.c_str(), 0755);
     if (!MetadataSeeds(metadataDir)) {
         fprintf(stderr, "could not write the camera metadata seeds\n");
+        return 1;
+    }
+    const std::string registrationDir = root + "/registration";
+    mkdir(registrationDir.c_str(), 0755);
+    if (!RegistrationSeeds(registrationDir)) {
+        fprintf(stderr, "could not write the registration seeds\n");
         return 1;
     }
     return 0;
