@@ -2,34 +2,10 @@
  * The benchmarks of the offline camera library, in one process: the service is published once
  * per process, as in the camera HAL.
  */
-#include <android/log.h>
 #include <benchmark/benchmark.h>
 
+#include "BenchSupport.h"
 #include "Benchmarks.h"
-#include "BrokeringBench.h"
-
-namespace offlinecamera::bench {
-namespace {
-
-std::shared_ptr<IOfflineCameraService> gService;
-
-void DropLine(const struct __android_logger_data* /*data*/, const char* /*message*/) {}
-
-}  // namespace
-
-IOfflineCameraService& Service() {
-    return *gService;
-}
-
-void SilenceLog() {
-    __android_log_set_logger(DropLine);
-}
-
-void LogToStderr() {
-    __android_log_set_logger(__android_log_stderr_logger);
-}
-
-}  // namespace offlinecamera::bench
 
 int main(int argc, char** argv) {
     using namespace offlinecamera::bench;
@@ -37,7 +13,7 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
 
     SilenceLog();
-    gService = ConnectToService();
+    SetUpProcess();
 
     RegisterBrokeringBenchmarks();
     RegisterSessionBenchmarks();
@@ -46,6 +22,5 @@ int main(int argc, char** argv) {
 
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    gService.reset();
     return 0;
 }

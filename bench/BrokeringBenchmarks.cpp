@@ -4,8 +4,8 @@
  */
 #include <benchmark/benchmark.h>
 
+#include "BenchSupport.h"
 #include "Benchmarks.h"
-#include "BrokeringBench.h"
 #include "OfflineCameraService.h"
 
 namespace offlinecamera::bench {

@@ -1,9 +1,11 @@
-#include "BrokeringBench.h"
+#include "BenchSupport.h"
 
 #include <android/binder_manager.h>
+#include <android/log.h>
 #include <convert.h>
 #include <hostplatform/BinderTesting.h>
 #include <hostplatform/GrallocTesting.h>
+#include <hostplatform/KivReferenceBackend.h>
 #include <hostplatform/VornTesting.h>
 #include <string.h>
 #include <ui/GraphicBufferMapper.h>
@@ -16,6 +18,7 @@
 namespace offlinecamera::bench {
 
 using ::aidl::android::hardware::camera::device::BufferStatus;
+using ::aidl::android::hardware::camera::device::CaptureResult;
 using ::aidl::android::hardware::camera::device::Stream;
 using ::aidl::android::hardware::camera::device::StreamBuffersVal;
 using ::aidl::android::hardware::camera::device::StreamRotation;
@@ -23,17 +26,101 @@ using ::aidl::android::hardware::camera::device::StreamType;
 using ::aidl::android::hardware::graphics::common::BufferUsage;
 using ::aidl::android::hardware::graphics::common::Dataspace;
 using ::aidl::android::hardware::graphics::common::PixelFormat;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSessionCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
 using ::android::hardware::camera::device::implementation::convertFromAidl;
 using ::android::hardware::camera::device::implementation::convertToAidl;
 
-std::shared_ptr<IOfflineCameraService> ConnectToService() {
+namespace {
+
+constexpr const char* kSessionName = "bench";
+
+// Set once by SetUpProcess(), before any benchmark or check runs.
+std::shared_ptr<IOfflineCameraService> gService;
+const KivOfflineIntfCbs* gBaselineBackend = nullptr;
+
+void DropLine(const struct __android_logger_data* /*data*/, const char* /*message*/) {}
+
+class NullSessionCallback : public BnOfflineCameraSessionCallback {
+  public:
+    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& /*msgs*/) override {
+        return ::ndk::ScopedAStatus::ok();
+    }
+    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& /*results*/) override {
+        return ::ndk::ScopedAStatus::ok();
+    }
+};
+
+int32_t IgnoreResults(const KivOfflineCallbacks* /*pCallbackOps*/, uint32_t /*numResults*/,
+                      const KivOfflineCaptureResult* /*pResults*/) {
+    return 0;
+}
+
+int32_t IgnoreMessages(const KivOfflineCallbacks* /*pCallbackOps*/, uint32_t /*numMessages*/,
+                       const camera3_notify_msg_t* /*pMessages*/) {
+    return 0;
+}
+
+}  // namespace
+
+void SetUpProcess() {
     Vorn::Host::SetVendorRoot(BENCH_VENDOR_ROOT);
     RegisterOfflineCameraAIDLService();
     OfflineCameraService::GetInstance();
     const std::string instance = std::string(IOfflineCameraService::descriptor) + "/default";
     ::ndk::SpAIBinder binder(AServiceManager_waitForService(instance.c_str()));
     ::ndk::host::setRemote(binder.get(), true);
-    return IOfflineCameraService::fromBinder(binder);
+    gService = IOfflineCameraService::fromBinder(binder);
+    // Opened the way the library opens its own context.
+    gBaselineBackend = KivOfflineOpenContext("HAL3 Extension", 257);
+}
+
+IOfflineCameraService& Service() {
+    return *gService;
+}
+
+void SilenceLog() {
+    __android_log_set_logger(DropLine);
+}
+
+void LogToStderr() {
+    __android_log_set_logger(__android_log_stderr_logger);
+}
+
+std::shared_ptr<IOfflineCameraSessionCallback> MakeSessionCallback() {
+    auto callback = ::ndk::SharedRefBase::make<NullSessionCallback>();
+    ::ndk::SpAIBinder binder = callback->asBinder();
+    ::ndk::host::setRemote(binder.get(), true);
+    return callback;
+}
+
+bool LibrarySessionCycle(const std::shared_ptr<IOfflineCameraSessionCallback>& callback) {
+    std::shared_ptr<IOfflineCameraSession> session;
+    if (!gService->openOfflineSeesion(kSessionName, callback, &session).isOk() ||
+        session == nullptr) {
+        return false;
+    }
+    const OfflineFlushInfo flushInfo;
+    (void)session->flushOfflineSession(flushInfo);
+    (void)session->dumpOfflineSession();
+    (void)session->closeOfflineSession();
+    return true;
+}
+
+bool BaselineSessionCycle() {
+    const KivOfflineIntfCbs* backend = gBaselineBackend;
+    if (backend == nullptr) return false;
+    const KivOfflineCallbacks callbacks = {IgnoreResults, IgnoreMessages, 0, 0, nullptr};
+    const KivOfflineSessionInfo info = {kSessionName, 0, &callbacks};
+    const uint64_t session = backend->pfnOpenSession(backend, &info);
+    if (session == 0) return false;
+    KivOfflineFlushInfo flushInfo = {0};
+    (void)backend->pfnFlush(session, &flushInfo);
+    (void)backend->pfnDump(session);
+    (void)backend->pfnCloseSession(session);
+    return true;
 }
 
 PoolClient::PoolClient(size_t poolSize, uint32_t width, uint32_t height, int32_t format)

@@ -1,12 +1,14 @@
 /*
- * The parties of a buffer brokering round trip as the benchmarks play them: a consumer client in
- * another process that lends buffers from a pool it allocated up front, the camera HAL driving
- * the library's producer operations, and the baseline, which makes only the calls that any
- * broker has to make (the client's binder calls and the mapper's import and free) and keeps no
- * bookkeeping beyond the stack of what it has imported.
+ * The parties of the benchmarks. Buffer brokering: a consumer client in another process that
+ * lends buffers from a pool it allocated up front, the camera HAL driving the library's producer
+ * operations, and the baseline, which makes only the calls that any broker has to make (the
+ * client's binder calls and the mapper's import and free) and keeps no bookkeeping beyond the
+ * stack of what it has imported. Sessions: one open-flush-dump-close cycle of a client through
+ * the published service, and the same cycle on the backend's own entries.
  */
 #pragma once
 
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <hardware/camera3.h>
@@ -16,6 +18,8 @@
 #include <memory>
 #include <mutex>
 #include <vector>
+
+#include "KivOfflineInterface.h"
 
 namespace offlinecamera::bench {
 
@@ -29,8 +33,19 @@ using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineClientCallba
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineBufferRequest;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureResult;
 
-/* Publishes the service (once per process), binds the core and connects as a client would. */
-std::shared_ptr<IOfflineCameraService> ConnectToService();
+/*
+ * Publishes the service (once per process), binds the core, connects to the service as a client
+ * would and opens the baseline's backend context. Call once, before anything below.
+ */
+void SetUpProcess();
+
+/* The published service as a client in another process reaches it. */
+IOfflineCameraService& Service();
+
+/* Silences liblog while measuring: formatting the lines would dominate otherwise. */
+void SilenceLog();
+/* The default host logger, printing to stderr. */
+void LogToStderr();
 
 /*
  * A consumer client. Buffers come from a pool allocated at construction and are lent in pool
@@ -145,5 +160,21 @@ class BaselineBroker {
     std::shared_ptr<IOfflineClientCallback> mClient;
     std::vector<Imported> mImported;
 };
+
+/* A session callback in the client's process, with a remote binder. */
+std::shared_ptr<::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSessionCallback>
+MakeSessionCallback();
+
+/*
+ * Opens a session through the service with this callback, flushes, dumps and closes it, and
+ * drops it; false when no session was opened.
+ */
+bool LibrarySessionCycle(
+        const std::shared_ptr<
+                ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSessionCallback>&
+                callback);
+
+/* The same on the backend's entries, in a context of the baseline's own; false as above. */
+bool BaselineSessionCycle();
 
 }  // namespace offlinecamera::bench
