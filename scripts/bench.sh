@@ -11,7 +11,11 @@ bash "$root/scripts/setup.sh" >/dev/null
 cmake -S "$root" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_C_FLAGS_RELEASE="-O2 -DNDEBUG" -DCMAKE_CXX_FLAGS_RELEASE="-O2 -DNDEBUG" \
     -DOFFLINECAMERA_BUILD_BENCHMARKS=ON >/dev/null
-cmake --build "$dir" -j"$(nproc)" --target offlinecamera_bench offlinecamera_bench_check
+if ! cmake --build "$dir" -j"$(nproc)" --target offlinecamera_bench offlinecamera_bench_check \
+    >"$dir/bench-build.log" 2>&1; then
+    cat "$dir/bench-build.log"
+    exit 1
+fi
 
 echo "== baselines match the library's work"
 "$dir/bench/offlinecamera_bench_check" --gtest_brief=1
