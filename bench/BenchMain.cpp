@@ -1,0 +1,26 @@
+/*
+ * The benchmarks of the offline camera library, in one process: the service is published once
+ * per process, as in the camera HAL.
+ */
+#include <benchmark/benchmark.h>
+
+#include "BenchSupport.h"
+#include "Benchmarks.h"
+
+int main(int argc, char** argv) {
+    using namespace offlinecamera::bench;
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+
+    SilenceLog();
+    SetUpProcess();
+
+    RegisterBrokeringBenchmarks();
+    RegisterSessionBenchmarks();
+    // The offline request and result path (one input frame of 4 buffers plus one output) gets
+    // its group here, RegisterOfflineRequestBenchmarks(), once sessions process requests.
+
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

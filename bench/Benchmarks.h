@@ -1,0 +1,14 @@
+/*
+ * Registration of the benchmark groups. Every group registers pairs named
+ * "<name>/library..." and "<name>/baseline...": the library's own path and the same work done
+ * with only the calls that cannot be avoided (backend, mapper, client). bench_table.py pairs
+ * them and prints the ratio.
+ */
+#pragma once
+
+namespace offlinecamera::bench {
+
+void RegisterBrokeringBenchmarks();
+void RegisterSessionBenchmarks();
+
+}  // namespace offlinecamera::bench
