@@ -216,7 +216,9 @@ class Soak {
         EXPECT_EQ(0, kept.producer->Result(mFrame++, nullptr, kept.buffers));
         const std::vector<SeenResult> results = client.Results();
         EXPECT_EQ(1u, results.size());
-        if (!results.empty()) EXPECT_EQ(kLentPerRequest, results.back().buffers.size());
+        if (!results.empty()) {
+            EXPECT_EQ(kLentPerRequest, results.back().buffers.size());
+        }
         EXPECT_EQ(imports - kLentPerRequest, Imports());
         kept.producer.reset();
         kept.buffers.clear();
@@ -264,7 +266,9 @@ class Soak {
         free_camera_metadata(metadata);
         const std::vector<SeenResult> seen = client.Results();
         EXPECT_EQ(resultsBefore + results, seen.size());
-        if (!seen.empty()) EXPECT_FALSE(seen.back().metadata.empty());
+        if (!seen.empty()) {
+            EXPECT_FALSE(seen.back().metadata.empty());
+        }
         EXPECT_EQ(imports - kLentPerRequest, Imports());
         mRoundTrips++;
     }
