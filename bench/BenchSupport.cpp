@@ -69,10 +69,7 @@ void SetUpProcess() {
     Vorn::Host::SetVendorRoot(BENCH_VENDOR_ROOT);
     RegisterOfflineCameraAIDLService();
     OfflineCameraService::GetInstance();
-    const std::string instance = std::string(IOfflineCameraService::descriptor) + "/default";
-    ::ndk::SpAIBinder binder(AServiceManager_waitForService(instance.c_str()));
-    ::ndk::host::setRemote(binder.get(), true);
-    gService = IOfflineCameraService::fromBinder(binder);
+    gService = ConnectToService();
     // Opened the way the library opens its own context.
     gBaselineBackend = KivOfflineOpenContext("HAL3 Extension", 257);
 }
@@ -200,9 +197,7 @@ void PoolClient::TakeBack(const std::vector<StreamBuffer>& buffers) {
 }
 
 std::shared_ptr<IOfflineClientCallback> PoolClient::Remote() {
-    ::ndk::SpAIBinder binder = asBinder();
-    ::ndk::host::setRemote(binder.get(), true);
-    return IOfflineClientCallback::fromBinder(binder);
+    return RemoteInterface<IOfflineClientCallback>(asBinder());
 }
 
 size_t PoolClient::LentCount() {
@@ -230,19 +225,6 @@ void PoolClient::ClearSeen() {
     mResultCount = 0;
     mMetadataBytes = 0;
     mCameBack.clear();
-}
-
-camera3_stream_t MakeStream(uint32_t width, uint32_t height, int32_t format) {
-    camera3_stream_t stream;
-    memset(&stream, 0, sizeof(stream));
-    stream.stream_type = CAMERA3_STREAM_OUTPUT;
-    stream.width = width;
-    stream.height = height;
-    stream.format = format;
-    stream.max_buffers = 4;
-    stream.data_space = HAL_DATASPACE_UNKNOWN;
-    stream.rotation = CAMERA3_STREAM_ROTATION_0;
-    return stream;
 }
 
 camera_metadata_t* MakeResultMetadata(int64_t timestamp) {

@@ -9,8 +9,6 @@
 #pragma once
 
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <hardware/camera3.h>
 #include <stdint.h>
 #include <system/camera_metadata.h>
@@ -19,19 +17,12 @@
 #include <mutex>
 #include <vector>
 
+#include "ClientSide.h"
 #include "KivOfflineInterface.h"
 
 namespace offlinecamera::bench {
 
-using ::aidl::android::hardware::camera::device::BufferRequestStatus;
-using ::aidl::android::hardware::camera::device::NotifyMsg;
-using ::aidl::android::hardware::camera::device::StreamBuffer;
-using ::aidl::android::hardware::camera::device::StreamBufferRet;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineClientCallback;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraService;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineClientCallback;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineBufferRequest;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureResult;
+using namespace ::offlinecamera::clientside;
 
 /*
  * Publishes the service (once per process), binds the core, connects to the service as a client
@@ -89,9 +80,6 @@ class PoolClient : public BnOfflineClientCallback {
     size_t mMetadataBytes = 0;
     std::vector<int64_t> mCameBack;
 };
-
-/* A camera3 output stream of the HAL. */
-camera3_stream_t MakeStream(uint32_t width, uint32_t height, int32_t format);
 
 /* A small capture result metadata: a few int64 and byte entries, as a frame carries them. */
 camera_metadata_t* MakeResultMetadata(int64_t timestamp);

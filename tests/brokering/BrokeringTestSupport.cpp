@@ -164,29 +164,12 @@ std::vector<uint8_t> TestClient::Contents(int64_t bufferId) {
 }
 
 std::shared_ptr<IOfflineClientCallback> TestClient::Remote() {
-    ::ndk::SpAIBinder binder = asBinder();
-    ::ndk::host::setRemote(binder.get(), true);
-    return IOfflineClientCallback::fromBinder(binder);
+    return RemoteInterface<IOfflineClientCallback>(asBinder());
 }
 
 void TestClient::Die() {
     ::ndk::SpAIBinder binder = asBinder();
     ::ndk::host::kill(binder.get());
-}
-
-camera3_stream_t MakeStream(uint32_t width, uint32_t height, int format, uint32_t usage,
-                            android_dataspace_t dataSpace, int rotation) {
-    camera3_stream_t stream;
-    memset(&stream, 0, sizeof(stream));
-    stream.stream_type = CAMERA3_STREAM_OUTPUT;
-    stream.width = width;
-    stream.height = height;
-    stream.format = format;
-    stream.usage = usage;
-    stream.max_buffers = 4;
-    stream.data_space = dataSpace;
-    stream.rotation = rotation;
-    return stream;
 }
 
 int32_t Producer::Request(const std::vector<camera3_stream_t*>& streams,
@@ -221,13 +204,6 @@ int32_t Producer::Result(uint32_t frameNumber, const camera_metadata_t* metadata
     result.output_buffers = buffers.empty() ? nullptr : buffers.data();
     result.partial_result = 1;
     return OfflineCameraService::GetInstance()->ProcessCaptureResult(mClientId, &result);
-}
-
-std::shared_ptr<IOfflineCameraService> ConnectToService() {
-    const std::string instance = std::string(IOfflineCameraService::descriptor) + "/default";
-    ::ndk::SpAIBinder binder(AServiceManager_waitForService(instance.c_str()));
-    ::ndk::host::setRemote(binder.get(), true);
-    return IOfflineCameraService::fromBinder(binder);
 }
 
 bool IsIllegalArgument(const ::ndk::ScopedAStatus& status) {

@@ -5,8 +5,6 @@
  */
 #pragma once
 
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <android/log.h>
 #include <gtest/gtest.h>
 #include <hardware/camera3.h>
@@ -20,20 +18,13 @@
 #include <string>
 #include <vector>
 
+#include "ClientSide.h"
 #include "LogCapture.h"
 #include "ResourceBalance.h"
 
 namespace offlinecamera::test {
 
-using ::aidl::android::hardware::camera::device::BufferRequestStatus;
-using ::aidl::android::hardware::camera::device::NotifyMsg;
-using ::aidl::android::hardware::camera::device::StreamBuffer;
-using ::aidl::android::hardware::camera::device::StreamBufferRet;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineClientCallback;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraService;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineClientCallback;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineBufferRequest;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureResult;
+using namespace ::offlinecamera::clientside;
 
 constexpr const char* kServiceTag = "KivOfflineAIDLSevice";
 constexpr const char* kCoreTag = "KivOfflineCameraSevice";
@@ -132,10 +123,6 @@ class TestClient : public BnOfflineClientCallback {
     std::vector<std::vector<SeenBuffer>> mReturns;
 };
 
-/* A camera3 output stream of the producer. */
-camera3_stream_t MakeStream(uint32_t width, uint32_t height, int format, uint32_t usage,
-                            android_dataspace_t dataSpace, int rotation);
-
 /*
  * The camera HAL's side for one client id: buffer requests with the arrays that the HAL
  * allocates, and capture results.
@@ -169,9 +156,6 @@ class Producer {
     std::deque<std::vector<camera3_stream_buffer_ret_t>> mReturned;
     std::deque<std::vector<std::vector<camera3_stream_buffer_t>>> mOutputs;
 };
-
-/* The published service as a client process reaches it, through the service manager. */
-std::shared_ptr<IOfflineCameraService> ConnectToService();
 
 /* Whether a status is the service's ILLEGAL_ARGUMENT answer. */
 bool IsIllegalArgument(const ::ndk::ScopedAStatus& status);

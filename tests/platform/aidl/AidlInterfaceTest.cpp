@@ -7,6 +7,7 @@
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraSessionCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineClientCallback.h>
+#include <dirent.h>
 #include <gtest/gtest.h>
 #include <hostplatform/BinderTesting.h>
 
@@ -109,23 +110,24 @@ TEST(AidlInterfaceIdentityTest, DescriptorVersionAndFrozenHash) {
 }
 
 TEST(AidlInterfaceIdentityTest, FrozenVersionMatchesTheSources) {
-    const char* kFiles[] = {"IOfflineCameraService.aidl",
-                            "IOfflineCameraSession.aidl",
-                            "IOfflineCameraSessionCallback.aidl",
-                            "IOfflineClientCallback.aidl",
-                            "OfflineBufferRequest.aidl",
-                            "OfflineCaptureRequest.aidl",
-                            "OfflineCaptureResult.aidl",
-                            "OfflineFlushInfo.aidl",
-                            "OfflineInputFrame.aidl",
-                            "OfflineSessionConfiguration.aidl"};
-    for (const char* file : kFiles) {
+    // Every source file of the package, whatever gets added to it.
+    std::vector<std::string> files;
+    DIR* dir = opendir(OFFLINECAMERA_AIDL_DIR);
+    ASSERT_NE(dir, nullptr);
+    while (struct dirent* entry = readdir(dir)) {
+        const std::string name = entry->d_name;
+        if (name.size() > 5 && name.compare(name.size() - 5, 5, ".aidl") == 0)
+            files.push_back(name);
+    }
+    closedir(dir);
+    EXPECT_EQ(files.size(), 10u);
+    for (const std::string& file : files) {
         SCOPED_TRACE(file);
-        const std::string source = ReadFile(std::string(OFFLINECAMERA_AIDL_DIR "/") + file);
+        const std::string source = ReadFile(OFFLINECAMERA_AIDL_DIR "/" + file);
         ASSERT_FALSE(source.empty());
-        EXPECT_EQ(source, ReadFile(std::string(OFFLINECAMERA_FROZEN_DIR
-                                               "/vendor/oru/hardware/camera/offlinecamera/") +
-                                   file));
+        EXPECT_EQ(source,
+                  ReadFile(OFFLINECAMERA_FROZEN_DIR "/vendor/oru/hardware/camera/offlinecamera/" +
+                           file));
     }
 }
 

@@ -3,14 +3,13 @@
  */
 #include <android/log.h>
 #include <convert.h>
-#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "LogCapture.h"
+#include "PlatformTestSupport.h"
 
 namespace {
 
@@ -26,32 +25,18 @@ using ::offlinecamera::test::LogLine;
 
 constexpr char kTag[] = "android.hardware.camera.device-convert-impl";
 
-size_t CountOpenFds() {
-    size_t count = 0;
-    DIR* dir = opendir("/proc/self/fd");
-    if (dir == nullptr) return 0;
-    while (struct dirent* entry = readdir(dir)) {
-        if (entry->d_name[0] != '.') count++;
-    }
-    closedir(dir);
-    return count;
-}
-
-class ConvertTest : public ::testing::Test {
+class ConvertTest : public platformtest::FdBalancedTest {
   protected:
     void SetUp() override {
+        FdBalancedTest::SetUp();
         LogCapture::Start();
-        mOpenFds = CountOpenFds();
     }
-    void TearDown() override { EXPECT_EQ(CountOpenFds(), mOpenFds) << "descriptors leaked"; }
 
     static bool SameFile(int a, int b) {
         struct stat sa, sb;
         return fstat(a, &sa) == 0 && fstat(b, &sb) == 0 && sa.st_dev == sb.st_dev &&
                sa.st_ino == sb.st_ino;
     }
-
-    size_t mOpenFds = 0;
 };
 
 // A metadata buffer with one int64 entry, whose payload lives in the data area.
@@ -88,11 +73,11 @@ TEST_F(ConvertTest, MetadataRoundTripViewsTheBytesInPlace) {
 }
 
 TEST_F(ConvertTest, CorruptMetadataIsRefused) {
-    camera_metadata_t* original = MakeMetadata(1);
-    ASSERT_NE(original, nullptr);
     CameraMetadata good;
+    camera_metadata_t* original = MakeMetadata(1);
     convertToAidl(original, &good);
     free_camera_metadata(original);
+    ASSERT_FALSE(good.metadata.empty());
 
     CameraMetadata longer = good;  // size field no longer matches the byte count
     longer.metadata.push_back(0);
@@ -113,7 +98,7 @@ TEST_F(ConvertTest, CorruptMetadataIsRefused) {
     }
 }
 
-TEST_F(ConvertTest, NativeHandleFromAidlDuplicatesDescriptors) {
+TEST_F(ConvertTest, NativeHandlesAreDuplicatedBothWays) {
     int pipeFds[2];
     ASSERT_EQ(pipe(pipeFds), 0);
     NativeHandle aidl;
@@ -148,47 +133,42 @@ TEST_F(ConvertTest, NativeHandleFromAidlDuplicatesDescriptors) {
     aidl.fds.emplace_back(notOpen);
     EXPECT_EQ(convertFromAidl(aidl), nullptr);
     (void)aidl.fds[2].release();
-}
 
-TEST_F(ConvertTest, NativeHandleToAidlOwnsDuplicates) {
+    // The other way the record owns duplicates and leaves the handle's descriptors open.
     EXPECT_TRUE(convertToAidl(static_cast<const native_handle_t*>(nullptr)).fds.empty());
 
-    native_handle_t* handle = native_handle_create(1, 2);
+    handle = native_handle_create(1, 2);
     ASSERT_NE(handle, nullptr);
     handle->data[0] = open("/dev/null", O_RDONLY | O_CLOEXEC);
     handle->data[1] = 7;
     handle->data[2] = 8;
     {
-        NativeHandle aidl = convertToAidl(handle);
-        ASSERT_EQ(aidl.fds.size(), 1u);
-        EXPECT_NE(aidl.fds[0].get(), handle->data[0]);
-        EXPECT_TRUE(SameFile(aidl.fds[0].get(), handle->data[0]));
-        EXPECT_EQ(aidl.ints, std::vector<int32_t>({7, 8}));
+        NativeHandle owned = convertToAidl(handle);
+        ASSERT_EQ(owned.fds.size(), 1u);
+        EXPECT_NE(owned.fds[0].get(), handle->data[0]);
+        EXPECT_TRUE(SameFile(owned.fds[0].get(), handle->data[0]));
+        EXPECT_EQ(owned.ints, std::vector<int32_t>({7, 8}));
     }
     native_handle_close(handle);
     native_handle_delete(handle);
 }
 
 TEST_F(ConvertTest, StreamAndStreamBufferFillHalAndVendorFields) {
+    using ::aidl::android::hardware::camera::metadata::RequestAvailableDynamicRangeProfilesMap;
+    using ::aidl::android::hardware::camera::metadata::ScalerAvailableStreamUseCases;
     Stream stream;
     stream.id = 11;
     stream.streamType = StreamType::INPUT;
     stream.width = 4000;
-    stream.height = 3000;
     stream.format = PixelFormat::YCBCR_420_888;
-    stream.usage = static_cast<BufferUsage>(static_cast<int64_t>(BufferUsage::FRONT_BUFFER) |
-                                            static_cast<int64_t>(BufferUsage::CAMERA_INPUT));
+    // Camera input usage plus a bit above the 32 that the HAL record keeps.
+    stream.usage = static_cast<BufferUsage>(int64_t{1} << 32 | int64_t{1} << 18);
     stream.dataSpace = Dataspace::JFIF;
     stream.rotation = StreamRotation::ROTATION_270;
     stream.physicalCameraId = "phys-2";
     stream.bufferSize = 123456;
-    stream.groupId = 3;
-    stream.dynamicRangeProfile = static_cast<
-            ::aidl::android::hardware::camera::metadata::RequestAvailableDynamicRangeProfilesMap>(
-            0x8);
-    stream.useCase =
-            static_cast< ::aidl::android::hardware::camera::metadata::ScalerAvailableStreamUseCases>(
-                    0x10001);
+    stream.dynamicRangeProfile = static_cast<RequestAvailableDynamicRangeProfilesMap>(0x8);
+    stream.useCase = static_cast<ScalerAvailableStreamUseCases>(0x10001);
     stream.colorSpace = 5;
 
     Camera3Stream hal;
@@ -196,8 +176,9 @@ TEST_F(ConvertTest, StreamAndStreamBufferFillHalAndVendorFields) {
     convertFromAidl(stream, &hal);
     EXPECT_EQ(hal.mId, 11);
     EXPECT_EQ(hal.stream_type, CAMERA3_STREAM_INPUT);
+    EXPECT_EQ(hal.width, 4000u);
     EXPECT_EQ(hal.format, HAL_PIXEL_FORMAT_YCBCR_420_888);
-    EXPECT_EQ(hal.usage, 1u << 18);  // the upper 32 usage bits do not fit the HAL record
+    EXPECT_EQ(hal.usage, 1u << 18);
     EXPECT_EQ(hal.data_space, HAL_DATASPACE_V0_JFIF);
     EXPECT_EQ(hal.rotation, CAMERA3_STREAM_ROTATION_270);
     EXPECT_EQ(hal.priv, nullptr);

@@ -74,18 +74,20 @@ TEST_F(BinderObjectTest, LastStrongReferenceDestroysTheUserDataAndWeakOnesStopPr
     AIBinder_Weak_delete(clone);
 }
 
-TEST_F(BinderObjectTest, LinkToDeathResults) {
+TEST_F(BinderObjectTest, LinkToDeathResultsAndKillNotifiesEveryLinkInLinkOrder) {
     AIBinder* binder = AIBinder_new(objectClass(), &mLifetime);
 
     EXPECT_EQ(STATUS_UNEXPECTED_NULL, AIBinder_linkToDeath(nullptr, mRecipient, cookie(1)));
     EXPECT_EQ(STATUS_UNEXPECTED_NULL, AIBinder_linkToDeath(binder, nullptr, cookie(1)));
     EXPECT_EQ((std::vector<LogLine>{
                       {ANDROID_LOG_ERROR, "libbinder_ndk",
-                       format("AIBinder_linkToDeath: Must provide binder (%p) and recipient (%p)",
-                              nullptr, mRecipient)},
+                       ::offlinecamera::test::Format(
+                               "AIBinder_linkToDeath: Must provide binder (%p) and recipient (%p)",
+                               nullptr, mRecipient)},
                       {ANDROID_LOG_ERROR, "libbinder_ndk",
-                       format("AIBinder_linkToDeath: Must provide binder (%p) and recipient (%p)",
-                              binder, nullptr)},
+                       ::offlinecamera::test::Format(
+                               "AIBinder_linkToDeath: Must provide binder (%p) and recipient (%p)",
+                               binder, nullptr)},
               }),
               binderLog());
     EXPECT_TRUE(events().empty());
@@ -97,35 +99,27 @@ TEST_F(BinderObjectTest, LinkToDeathResults) {
     ndk::host::setRemote(binder, true);
     EXPECT_TRUE(AIBinder_isRemote(binder));
     EXPECT_EQ(nullptr, AIBinder_getUserData(binder));
+    AIBinder_DeathRecipient* plain = AIBinder_DeathRecipient_new(recordDied);
     EXPECT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, mRecipient, cookie(3)));
     ndk::host::failNextLinkToDeath(STATUS_NO_MEMORY);
     EXPECT_EQ(STATUS_NO_MEMORY, AIBinder_linkToDeath(binder, mRecipient, cookie(4)));
-    EXPECT_EQ(1u, ndk::host::linkCount(binder));
-
-    ndk::host::kill(binder);
-    EXPECT_EQ(STATUS_DEAD_OBJECT, AIBinder_linkToDeath(binder, mRecipient, cookie(5)));
-    EXPECT_EQ((Strings{"unlinked:2", "unlinked:4", "died:3", "unlinked:3", "unlinked:5"}), events());
-    AIBinder_decStrong(binder);
-}
-
-TEST_F(BinderObjectTest, KillNotifiesEveryLinkInLinkOrder) {
-    AIBinder* binder = newRemote();
-    AIBinder_DeathRecipient* plain = AIBinder_DeathRecipient_new(recordDied);
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, mRecipient, cookie(1)));
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, plain, cookie(2)));
-    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, mRecipient, cookie(3)));
+    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, plain, cookie(5)));
+    ASSERT_EQ(STATUS_OK, AIBinder_linkToDeath(binder, mRecipient, cookie(6)));
     EXPECT_EQ(3u, ndk::host::linkCount(binder));
 
+    // Every link is told, in link order.
     ndk::host::kill(binder);
-    EXPECT_EQ((Strings{"died:1", "unlinked:1", "died:2", "died:3", "unlinked:3"}), events());
+    EXPECT_EQ((Strings{"unlinked:2", "unlinked:4", "died:3", "unlinked:3", "died:5", "died:6",
+                       "unlinked:6"}),
+              events());
     EXPECT_FALSE(AIBinder_isAlive(binder));
     EXPECT_EQ(STATUS_DEAD_OBJECT, AIBinder_ping(binder));
     EXPECT_EQ(0u, ndk::host::linkCount(binder));
-    // The death took the links away.
-    EXPECT_EQ(STATUS_NAME_NOT_FOUND, AIBinder_unlinkToDeath(binder, mRecipient, cookie(1)));
-
+    // The death took the links away; a dead binder takes no new ones and dies only once.
+    EXPECT_EQ(STATUS_NAME_NOT_FOUND, AIBinder_unlinkToDeath(binder, mRecipient, cookie(3)));
+    EXPECT_EQ(STATUS_DEAD_OBJECT, AIBinder_linkToDeath(binder, mRecipient, cookie(7)));
     ndk::host::kill(binder);
-    EXPECT_EQ(5u, events().size());
+    EXPECT_EQ(8u, events().size());
     AIBinder_DeathRecipient_delete(plain);
     AIBinder_decStrong(binder);
 }

@@ -1,24 +1,15 @@
 #include "BinderTestUtil.h"
 
-#include <android/log.h>
 #include <hostplatform/BinderTesting.h>
-#include <stdarg.h>
-#include <stdio.h>
 
 #include <mutex>
 
 namespace binder_test {
 namespace {
 
-// Guards gLog and gEvents.
+// Guards gEvents.
 std::mutex gLock;
-std::vector<LogLine> gLog;
 std::vector<std::string> gEvents;
-
-void captureLog(const struct __android_logger_data* data, const char* message) {
-    std::lock_guard<std::mutex> lock(gLock);
-    gLog.push_back({data->priority, data->tag != nullptr ? data->tag : "", message});
-}
 
 void* onCreate(void* args) {
     static_cast<Lifetime*>(args)->created++;
@@ -39,28 +30,6 @@ void recordEvent(const std::string& event) {
 }
 
 }  // namespace
-
-std::ostream& operator<<(std::ostream& os, const LogLine& line) {
-    return os << line.priority << " " << line.tag << ": " << line.message;
-}
-
-std::vector<LogLine> binderLog() {
-    std::lock_guard<std::mutex> lock(gLock);
-    std::vector<LogLine> lines;
-    for (const LogLine& line : gLog) {
-        if (line.tag == "libbinder_ndk") lines.push_back(line);
-    }
-    return lines;
-}
-
-std::string format(const char* fmt, ...) {
-    char text[512];
-    va_list args;
-    va_start(args, fmt);
-    vsnprintf(text, sizeof(text), fmt, args);
-    va_end(args);
-    return text;
-}
 
 void* cookie(intptr_t n) {
     return reinterpret_cast<void*>(n);
@@ -86,11 +55,9 @@ AIBinder_Class* objectClass() {
 }
 
 void BinderTest::SetUp() {
-    static std::once_flag sInstalled;
-    std::call_once(sInstalled, [] { __android_log_set_logger(captureLog); });
+    ::offlinecamera::test::LogCapture::Start();
     {
         std::lock_guard<std::mutex> lock(gLock);
-        gLog.clear();
         gEvents.clear();
     }
     mBinders = ndk::host::liveBinderCount();

@@ -1,5 +1,5 @@
 /*
- * Shared pieces of the host binder tests: log capture, a recorder of death notifications, a
+ * Shared pieces of the host binder tests: a recorder of death notifications, a
  * plain binder class, and a fixture that checks binders and recipients are all released.
  */
 #pragma once
@@ -12,22 +12,16 @@
 #include <string>
 #include <vector>
 
+#include "LogCapture.h"
+
 namespace binder_test {
 
-struct LogLine {
-    int priority;
-    std::string tag;
-    std::string message;
-    bool operator==(const LogLine& o) const {
-        return priority == o.priority && tag == o.tag && message == o.message;
-    }
-};
-std::ostream& operator<<(std::ostream& os, const LogLine& line);
+using ::offlinecamera::test::LogLine;
 
 /* Lines logged under "libbinder_ndk" since the test started. */
-std::vector<LogLine> binderLog();
-
-std::string format(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
+inline std::vector<LogLine> binderLog() {
+    return ::offlinecamera::test::LogCapture::Lines("libbinder_ndk");
+}
 
 /* Death recipient callbacks that record "died:<n>" and "unlinked:<n>" for cookie n. */
 void* cookie(intptr_t n);

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "NativeTestSupport.h"
+#include "PlatformTestSupport.h"
 
 namespace {
 
@@ -188,27 +188,16 @@ TEST(CameraMetadataCopy, CompactAppendAndCheckedCopies) {
 }
 
 // Validation of buffers from other processes.
-class CameraMetadataValidation : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        MetadataPtr sample = makeSample();
-        mSize = get_camera_metadata_compact_size(sample.get());
-        mBuffer.assign(mSize / sizeof(uint64_t), 0);
-        ASSERT_NE(nullptr, copy_camera_metadata(mBuffer.data(), mSize, sample.get()));
-    }
-
-    int validate() {
-        return validate_camera_metadata_structure(
-                reinterpret_cast<const camera_metadata_t*>(mBuffer.data()), &mSize);
-    }
-    void* bytes() { return mBuffer.data(); }
-
-    size_t mSize = 0;
-    std::vector<uint64_t> mBuffer;
-};
-
-TEST_F(CameraMetadataValidation, RejectsEveryCorruptedField) {
-    EXPECT_EQ(0, validate());
+TEST(CameraMetadataValidation, RejectsEveryCorruptedFieldAndShiftsMisalignedCopies) {
+    MetadataPtr sample = makeSample();
+    const size_t size = get_camera_metadata_compact_size(sample.get());
+    std::vector<uint64_t> buffer(size / sizeof(uint64_t) + 1);
+    const auto* metadata = reinterpret_cast<const camera_metadata_t*>(buffer.data());
+    ASSERT_NE(nullptr, copy_camera_metadata(buffer.data(), size, sample.get()));
+    EXPECT_EQ(0, validate_camera_metadata_structure(metadata, &size));
+    const size_t tooSmall = kHeaderBytes - 1;
+    EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
+              validate_camera_metadata_structure(metadata, &tooSmall));
     offlinecamera::test::LogCapture::Start();
     EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
               validate_camera_metadata_structure(nullptr, nullptr));
@@ -222,14 +211,14 @@ TEST_F(CameraMetadataValidation, RejectsEveryCorruptedField) {
         uint32_t value;
     };
     const Corruption corruptions[] = {
-            {"size beyond buffer", kSizeOffset, static_cast<uint32_t>(mSize + 8)},
+            {"size beyond buffer", kSizeOffset, static_cast<uint32_t>(size + 8)},
             {"size below header", kSizeOffset, 40},
             {"entry count above capacity", kEntryCountOffset, 5},
             {"data count above capacity", kDataCountOffset, 41},
             {"entry capacity beyond size", kEntryCapacityOffset, 0x10000000},
-            {"entry records behind the end", kEntriesStartOffset, static_cast<uint32_t>(mSize)},
+            {"entry records behind the end", kEntriesStartOffset, static_cast<uint32_t>(size)},
             {"entry records inside the header", kEntriesStartOffset, 32},
-            {"data area beyond size", kDataStartOffset, static_cast<uint32_t>(mSize)},
+            {"data area beyond size", kDataStartOffset, static_cast<uint32_t>(size)},
             {"misaligned data area", kDataStartOffset, 116},
             {"invalid type", entryOffset(0, kEntryTypeField), NUM_TYPES},
             {"type differs from the tag's", entryOffset(0, kEntryTypeField), TYPE_INT32},
@@ -239,23 +228,20 @@ TEST_F(CameraMetadataValidation, RejectsEveryCorruptedField) {
             {"offset wraps around", entryOffset(1, kEntryDataField), 0xFFFFFFF8},
     };
     for (const Corruption& corruption : corruptions) {
-        SetUp();
-        poke32(bytes(), corruption.offset, corruption.value);
-        EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR, validate()) << corruption.what;
+        ASSERT_NE(nullptr, copy_camera_metadata(buffer.data(), size, sample.get()));
+        poke32(buffer.data(), corruption.offset, corruption.value);
+        EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
+                  validate_camera_metadata_structure(metadata, &size))
+                << corruption.what;
     }
-    const size_t tooSmall = kHeaderBytes - 1;
-    EXPECT_EQ(CAMERA_METADATA_VALIDATION_ERROR,
-              validate_camera_metadata_structure(
-                      reinterpret_cast<const camera_metadata_t*>(bytes()), &tooSmall));
-}
 
-TEST_F(CameraMetadataValidation, MisalignedBufferIsShiftedAndCloneable) {
-    std::vector<uint64_t> shiftedStorage(mBuffer.size() + 1);
-    uint8_t* shifted = reinterpret_cast<uint8_t*>(shiftedStorage.data()) + 4;
-    memcpy(shifted, bytes(), mSize);
-    const auto* metadata = reinterpret_cast<const camera_metadata_t*>(shifted);
+    // A copy four bytes off its alignment is reported as shifted; its clone is whole.
+    ASSERT_NE(nullptr, copy_camera_metadata(buffer.data(), size, sample.get()));
+    uint8_t* shifted = reinterpret_cast<uint8_t*>(buffer.data()) + 4;
+    memmove(shifted, buffer.data(), size);
+    metadata = reinterpret_cast<const camera_metadata_t*>(shifted);
     EXPECT_EQ(CAMERA_METADATA_VALIDATION_SHIFTED,
-              validate_camera_metadata_structure(metadata, &mSize));
+              validate_camera_metadata_structure(metadata, &size));
     MetadataPtr clone(clone_camera_metadata(metadata));
     ASSERT_NE(nullptr, clone);
     EXPECT_EQ(0, validate_camera_metadata_structure(clone.get(), nullptr));

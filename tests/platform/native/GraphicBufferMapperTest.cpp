@@ -7,7 +7,7 @@
 
 #include <vector>
 
-#include "NativeTestSupport.h"
+#include "PlatformTestSupport.h"
 
 namespace android {
 namespace {
@@ -16,7 +16,7 @@ using hostgralloc::Op;
 
 constexpr uint64_t kUsage = 0x0000000300000033ull;
 
-class GraphicBufferMapperTest : public nativetest::FdBalancedTest {
+class GraphicBufferMapperTest : public platformtest::FdBalancedTest {
   protected:
     void SetUp() override {
         FdBalancedTest::SetUp();
@@ -55,17 +55,17 @@ class GraphicBufferMapperTest : public nativetest::FdBalancedTest {
 
 TEST_F(GraphicBufferMapperTest, ImportDuplicatesDescriptorsAndRefusesForeignHandles) {
     native_handle_t* raw = allocate(64, 32, HAL_PIXEL_FORMAT_RGBA_8888);
-    const size_t fdsBefore = nativetest::openFdCount();
+    const size_t fdsBefore = platformtest::openFdCount();
 
     buffer_handle_t imported = import(raw);
     ASSERT_NE(nullptr, imported);
     EXPECT_NE(raw->data[0], imported->data[0]);
     EXPECT_EQ(0, memcmp(&raw->data[1], &imported->data[1], sizeof(int) * raw->numInts));
     EXPECT_EQ(mLiveAtStart + 1, hostgralloc::liveImportCount());
-    EXPECT_EQ(fdsBefore + 1, nativetest::openFdCount());
+    EXPECT_EQ(fdsBefore + 1, platformtest::openFdCount());
     EXPECT_EQ(OK, mMapper.freeBuffer(imported));
     EXPECT_EQ(mLiveAtStart, hostgralloc::liveImportCount());
-    EXPECT_EQ(fdsBefore, nativetest::openFdCount());
+    EXPECT_EQ(fdsBefore, platformtest::openFdCount());
     EXPECT_EQ(BAD_VALUE, mMapper.freeBuffer(raw)) << "never imported";
 
     buffer_handle_t out = nullptr;

@@ -7,13 +7,13 @@
 
 #include <string>
 
-#include "NativeTestSupport.h"
+#include "PlatformTestSupport.h"
 
 namespace {
 
 constexpr char kPluginPath[] = "/vendor/lib64/hw/libvorn_test_plugin.so";
 
-class VornLibraryTest : public nativetest::FdBalancedTest {
+class VornLibraryTest : public platformtest::FdBalancedTest {
   protected:
     void TearDown() override {
         Vorn::Host::SetVendorRoot(nullptr);
@@ -33,7 +33,7 @@ TEST_F(VornLibraryTest, EnvironmentSuppliesTheRootUnlessOneIsSet) {
     offlinecamera::test::LogCapture::Start();
     EXPECT_EQ(nullptr, Vorn::OsUtils::LibGetAddr(library, "NoSuchSymbol"));
     EXPECT_TRUE(
-            nativetest::logContains("VornOsUtils", "LibGetAddr: symbol NoSuchSymbol not found"));
+            platformtest::logContains("VornOsUtils", "LibGetAddr: symbol NoSuchSymbol not found"));
     EXPECT_EQ(0, Vorn::OsUtils::LibUnmap(library));
 
     // Paths outside /vendor are opened as given.
@@ -43,8 +43,8 @@ TEST_F(VornLibraryTest, EnvironmentSuppliesTheRootUnlessOneIsSet) {
 
     Vorn::Host::SetVendorRoot("");  // overrides the environment: no mapping
     EXPECT_EQ(nullptr, Vorn::OsUtils::LibMap(kPluginPath));
-    EXPECT_TRUE(nativetest::logContains("VornOsUtils",
-                                        std::string("LibMap: cannot map ") + kPluginPath + ": "));
+    EXPECT_TRUE(platformtest::logContains("VornOsUtils",
+                                          std::string("LibMap: cannot map ") + kPluginPath + ": "));
     EXPECT_EQ(nullptr, Vorn::OsUtils::LibMap(nullptr));
     EXPECT_NE(0, Vorn::OsUtils::LibUnmap(nullptr));
 }

@@ -8,7 +8,7 @@
 
 #include "LogCapture.h"
 
-namespace nativetest {
+namespace platformtest {
 
 // Open descriptors of this process (the directory stream's own one included, consistently).
 inline size_t openFdCount() {
@@ -44,4 +44,4 @@ class FdBalancedTest : public ::testing::Test {
     size_t mFdsAtStart = 0;
 };
 
-}  // namespace nativetest
+}  // namespace platformtest
