@@ -50,7 +50,7 @@ class ChildScenario {
     /* Imported buffers that the scenario leaves on purpose, each holding its descriptor. */
     void KeepImports(size_t count) { mKeptImports = count; }
 
-    /* Adds a failure when the counts differ from the start's, less what is kept on purpose. */
+    /* Adds a failure unless the counts are the start's plus what is kept on purpose. */
     void ExpectBalanced() const;
 
   private:
