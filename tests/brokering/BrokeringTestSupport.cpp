@@ -4,11 +4,8 @@
 #include <convert.h>
 #include <hostplatform/BinderTesting.h>
 #include <hostplatform/GrallocTesting.h>
-#include <hostplatform/VornTesting.h>
-#include <stdio.h>
 #include <string.h>
 #include <sys/mman.h>
-#include <unistd.h>
 
 #include "OfflineCameraAIDLService.h"
 #include "OfflineCameraService.h"
@@ -210,47 +207,19 @@ bool IsIllegalArgument(const ::ndk::ScopedAStatus& status) {
     return status.getExceptionCode() == EX_SERVICE_SPECIFIC && status.getServiceSpecificError() == 1;
 }
 
-Scenario::Scenario() {
-    LogCapture::Start();
-    Vorn::Host::SetVendorRoot(TEST_VENDOR_ROOT);
+Scenario::Scenario(ChildScenario& child) : mChild(child) {
     RegisterOfflineCameraAIDLService();
     OfflineCameraService::GetInstance();
     mService = ConnectToService();
-    mStart = ResourceCounts::Take();
-    mStartBinders = ::ndk::host::liveBinderCount();
+    mChild.Settle();
     LogCapture::Clear();
 }
 
-void Scenario::Finish() {
-    ResourceCounts expected = mStart;
-    // A kept buffer holds its imported handle and that handle's descriptor.
-    expected.liveImports += mKeptBuffers;
-    expected.openFds += mKeptBuffers;
-    const ResourceCounts end = ResourceCounts::Take();
-    EXPECT_TRUE(end == expected) << "expected: " << expected.ToString()
-                                 << "\nafter:    " << end.ToString();
-    EXPECT_EQ(mStartBinders, ::ndk::host::liveBinderCount()) << "binders left alive";
-    if (::testing::Test::HasFailure()) {
-        // The child's failures are not reported by the parent: print them with the log.
-        const ::testing::TestResult* result =
-                ::testing::UnitTest::GetInstance()->current_test_info()->result();
-        for (int i = 0; i < result->total_part_count(); i++) {
-            const ::testing::TestPartResult& part = result->GetTestPartResult(i);
-            if (part.failed()) {
-                fprintf(stderr, "%s:%d: %s\n", part.file_name(), part.line_number(), part.message());
-            }
-        }
-        fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str());
-        fflush(stdout);
-        _exit(1);
-    }
-    _exit(0);
-}
-
 void RunScenario(ScenarioFn scenario) {
-    Scenario s;
-    scenario(s);
-    s.Finish();
+    RunInChild([scenario](ChildScenario& child) {
+        Scenario s(child);
+        scenario(s);
+    });
 }
 
 }  // namespace offlinecamera::test

@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "ChildScenario.h"
 #include "ClientSide.h"
 #include "LogCapture.h"
 #include "ResourceBalance.h"
@@ -161,28 +162,22 @@ class Producer {
 bool IsIllegalArgument(const ::ndk::ScopedAStatus& status);
 
 /*
- * One scenario, run in a child process of its own: the service is published once per process
- * and the core keeps the first callback record it is given. The library's process state is made
- * first (published service, bound core); at the end, descriptors, imports, backend objects and
- * binders must be back where they were, apart from buffers kept on purpose.
+ * A brokering scenario in a child process of its own (see ChildScenario.h): the core keeps the
+ * first callback record it is given, so each scenario needs a fresh process. The library's process
+ * state is made first (published service, bound core) and the balance is counted from there.
  */
 class Scenario {
   public:
-    Scenario();
+    explicit Scenario(ChildScenario& child);
 
     /* Lent buffers that the scenario leaves imported on purpose. */
-    void KeepLentBuffers(size_t count) { mKeptBuffers = count; }
-
-    /* Checks the balance and ends the child: exit code 0 when nothing failed. */
-    [[noreturn]] void Finish();
+    void KeepLentBuffers(size_t count) { mChild.KeepImports(count); }
 
     IOfflineCameraService& Service() { return *mService; }
 
   private:
+    ChildScenario& mChild;
     std::shared_ptr<IOfflineCameraService> mService;
-    ResourceCounts mStart;
-    size_t mStartBinders = 0;
-    size_t mKeptBuffers = 0;
 };
 
 using ScenarioFn = void (*)(Scenario&);

@@ -1,23 +1,20 @@
 /*
  * The example vendor client against the published service. The service is published once per
- * process, so each scenario runs in a child process of its own and reports through its exit
- * code; the client sees the service as another process does once its binder is marked remote.
+ * process, so each scenario runs in a child process of its own; the client sees the service as
+ * another process does once its binder is marked remote.
  */
 #include <android/binder_manager.h>
 #include <gtest/gtest.h>
 #include <hostplatform/BinderTesting.h>
-#include <hostplatform/VornTesting.h>
-#include <unistd.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "LogCapture.h"
+#include "ChildScenario.h"
 #include "OfflineCameraAIDLService.h"
 #include "OfflineCameraClient.h"
-#include "ResourceBalance.h"
+#include "OfflineCameraService.h"
 
 namespace offlinecamera::test {
 namespace {
@@ -26,26 +23,13 @@ using ::oru::offlinecamera::client::IOfflineCameraService;
 using ::oru::offlinecamera::client::IOfflineCameraSession;
 using ::oru::offlinecamera::client::OfflineCameraClient;
 
-// Runs a scenario in a child process; the child exits 0 only if no expectation failed.
-void ExpectInChild(const std::function<void()>& scenario) {
-    EXPECT_EXIT(
-            {
-                Vorn::Host::SetVendorRoot(TEST_VENDOR_ROOT);
-                LogCapture::Start();
-                scenario();
-                if (::testing::Test::HasFailure()) {
-                    fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str());
-                    _exit(1);
-                }
-                _exit(0);
-            },
-            ::testing::ExitedWithCode(0), "");
-}
-
 // Publishes the service as the camera HAL process does and makes its binder look as it does
-// from a client process.
-void PublishAsRemote() {
+// from a client process. The core binds the backend on first use and what it holds stays for the
+// process, so it is bound here; the scenario gives back what it makes from here.
+void PublishAsRemote(ChildScenario& s) {
     RegisterOfflineCameraAIDLService();
+    OfflineCameraService::GetInstance();
+    s.Settle();
     ::ndk::SpAIBinder binder(
             AServiceManager_checkService(OfflineCameraClient::InstanceName().c_str()));
     ASSERT_NE(nullptr, binder.get());
@@ -60,9 +44,10 @@ void ExpectServedOrDeclined(const ::ndk::ScopedAStatus& status) {
 }
 
 TEST(NdkClientTest, ConnectsOnlyToThePublishedService) {
-    ExpectInChild([] {
+    EXPECT_IN_CHILD([](ChildScenario& s) {
         EXPECT_EQ(nullptr, OfflineCameraClient::Connect(false));
         RegisterOfflineCameraAIDLService();
+        s.Settle();
         std::unique_ptr<OfflineCameraClient> client = OfflineCameraClient::Connect(true);
         ASSERT_NE(nullptr, client);
         EXPECT_FALSE(client->isRemote());
@@ -72,8 +57,8 @@ TEST(NdkClientTest, ConnectsOnlyToThePublishedService) {
 }
 
 TEST(NdkClientTest, RemoteClientAgreesOnTheInterfaceAndGetsAnswers) {
-    ExpectInChild([] {
-        PublishAsRemote();
+    EXPECT_IN_CHILD([](ChildScenario& s) {
+        PublishAsRemote(s);
         const size_t fds = CountOpenFds();
         {
             std::unique_ptr<OfflineCameraClient> client = OfflineCameraClient::Connect(false);
@@ -103,8 +88,8 @@ TEST(NdkClientTest, RemoteClientAgreesOnTheInterfaceAndGetsAnswers) {
 }
 
 TEST(NdkClientTest, NoticesThatTheServiceDied) {
-    ExpectInChild([] {
-        PublishAsRemote();
+    EXPECT_IN_CHILD([](ChildScenario& s) {
+        PublishAsRemote(s);
         const size_t recipients = ::ndk::host::deathRecipientCount();
         {
             std::unique_ptr<OfflineCameraClient> client = OfflineCameraClient::Connect(false);
@@ -126,8 +111,8 @@ TEST(NdkClientTest, NoticesThatTheServiceDied) {
 }
 
 TEST(NdkClientTest, ClientThatGoesAwayUnlinksFromTheService) {
-    ExpectInChild([] {
-        PublishAsRemote();
+    EXPECT_IN_CHILD([](ChildScenario& s) {
+        PublishAsRemote(s);
         ::ndk::SpAIBinder binder(
                 AServiceManager_checkService(OfflineCameraClient::InstanceName().c_str()));
         OfflineCameraClient::Connect(false).reset();

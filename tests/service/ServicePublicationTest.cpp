@@ -1,17 +1,16 @@
 /*
  * Publication of IOfflineCameraService. The service is published once per process, so each
- * scenario runs in a child process of its own and reports through its exit code.
+ * scenario runs in a child process of its own; what it makes after publishing it gives back.
  */
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <android/binder_manager.h>
 #include <gtest/gtest.h>
 #include <hostplatform/BinderTesting.h>
 #include <hostplatform/KivReferenceBackend.h>
-#include <hostplatform/VornTesting.h>
-#include <unistd.h>
 
 #include <string>
 
+#include "ChildScenario.h"
 #include "LogCapture.h"
 #include "OfflineCameraAIDLService.h"
 
@@ -35,26 +34,12 @@ const LogLine kAlready = {ANDROID_LOG_INFO, kEntryTag,
                                       "service alredy register offlineAIDLService:") +
                                   kInstance};
 
-// Runs a scenario in a child process; the child exits 0 only if no expectation failed.
-#define EXPECT_IN_CHILD(body)                                                \
-    EXPECT_EXIT(                                                             \
-            {                                                                \
-                LogCapture::Start();                                         \
-                body;                                                        \
-                if (::testing::Test::HasFailure()) {                         \
-                    fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str()); \
-                    _exit(1);                                                \
-                }                                                            \
-                _exit(0);                                                    \
-            },                                                               \
-            ::testing::ExitedWithCode(0), "")
-
-void PublishesOnceAndOnlyLogsLater() {
-    Vorn::Host::SetVendorRoot(TEST_VENDOR_ROOT);
+void PublishesOnceAndOnlyLogsLater(ChildScenario& s) {
     size_t contexts = kivref::LiveContexts();
     EXPECT_EQ(nullptr, AServiceManager_checkService(kInstance));
 
     RegisterOfflineCameraAIDLService();
+    s.Settle();
     EXPECT_EQ((std::vector<LogLine>{kStart, kSuccess}), LogCapture::Lines(kEntryTag));
 
     // A client finds it under the descriptor with "/default" appended.
@@ -80,9 +65,10 @@ void PublishesOnceAndOnlyLogsLater() {
     EXPECT_EQ(binder.get(), again.get());
 }
 
-void FailedPublicationIsNotRetried() {
+void FailedPublicationIsNotRetried(ChildScenario& s) {
     ndk::host::failNextAddService(EX_ILLEGAL_STATE);
     RegisterOfflineCameraAIDLService();
+    s.Settle();
     EXPECT_EQ((std::vector<LogLine>{kStart,
                                     {ANDROID_LOG_ERROR, kEntryTag,
                                      Format("53 RegisterOfflineCameraAIDLService: Cannot "
@@ -98,8 +84,9 @@ void FailedPublicationIsNotRetried() {
     EXPECT_EQ(nullptr, AServiceManager_checkService(kInstance));
 }
 
-void RemoteClientReachesThePublishedService() {
+void RemoteClientReachesThePublishedService(ChildScenario& s) {
     RegisterOfflineCameraAIDLService();
+    s.Settle();
     ::ndk::SpAIBinder binder(AServiceManager_waitForService(kInstance));
     ASSERT_NE(nullptr, binder.get());
     // Seen from another process, the binder is remote and calls go through the proxy.
@@ -114,15 +101,15 @@ void RemoteClientReachesThePublishedService() {
 }
 
 TEST(ServicePublicationTest, PublishesOnceAndOnlyLogsLater) {
-    EXPECT_IN_CHILD(PublishesOnceAndOnlyLogsLater());
+    EXPECT_IN_CHILD(PublishesOnceAndOnlyLogsLater);
 }
 
 TEST(ServicePublicationTest, FailedPublicationIsNotRetried) {
-    EXPECT_IN_CHILD(FailedPublicationIsNotRetried());
+    EXPECT_IN_CHILD(FailedPublicationIsNotRetried);
 }
 
 TEST(ServicePublicationTest, RemoteClientReachesThePublishedService) {
-    EXPECT_IN_CHILD(RemoteClientReachesThePublishedService());
+    EXPECT_IN_CHILD(RemoteClientReachesThePublishedService);
 }
 
 }  // namespace

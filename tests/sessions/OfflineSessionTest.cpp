@@ -4,17 +4,17 @@
  * client's death, destruction). The service is published once per process and the core is
  * bound once, so each scenario runs in a child process of its own.
  */
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraSession.h>
 #include <android/binder_manager.h>
 #include <gtest/gtest.h>
 #include <hostplatform/BinderTesting.h>
-#include <unistd.h>
 
 #include <string>
 #include <vector>
 
+#include "ChildScenario.h"
+#include "ClientSide.h"
 #include "IsolatedCoreTest.h"
 #include "OfflineCameraAIDLService.h"
 
@@ -22,12 +22,10 @@ namespace offlinecamera::test {
 namespace {
 
 using ::aidl::android::hardware::camera::device::CameraMetadata;
-using ::aidl::android::hardware::camera::device::CaptureResult;
-using ::aidl::android::hardware::camera::device::NotifyMsg;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraService;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
+using ::offlinecamera::clientside::RemoteSessionCallback;
 
 constexpr const char* kInstance =
         "vendor.oru.hardware.camera.offlinecamera.IOfflineCameraService/default";
@@ -46,40 +44,6 @@ LogLine OpenedLine(uint64_t handle, const char* name) {
                    static_cast<unsigned long>(handle), name)};
 }
 
-class SessionCallback : public BnOfflineCameraSessionCallback {
-  public:
-    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& /*msgs*/) override {
-        return ::ndk::ScopedAStatus::ok();
-    }
-    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& /*results*/) override {
-        return ::ndk::ScopedAStatus::ok();
-    }
-};
-
-// A session callback living in the client's process; the binder keeps it remote.
-struct RemoteCallback {
-    std::shared_ptr<SessionCallback> object;
-    ::ndk::SpAIBinder binder;
-};
-
-// What the scenarios make and must give back: library and backend resources, backend sessions,
-// binders and death recipients.
-struct Leftovers {
-    ResourceCounts resources;
-    size_t sessions;
-    size_t binders;
-    size_t recipients;
-
-    static Leftovers Take() {
-        return {ResourceCounts::Take(), kivref::LiveSessions(), ::ndk::host::liveBinderCount(),
-                ::ndk::host::deathRecipientCount()};
-    }
-    bool operator==(const Leftovers& o) const {
-        return resources == o.resources && sessions == o.sessions && binders == o.binders &&
-               recipients == o.recipients;
-    }
-};
-
 // The backend handle of the session opened last.
 uint64_t LastSessionHandle() {
     std::vector<kivref::CallRecord> opens = CallsOf(kivref::Slot::OpenSession);
@@ -88,7 +52,7 @@ uint64_t LastSessionHandle() {
 
 // A session as its client holds it, with the callback it was opened with.
 struct OpenedSession {
-    RemoteCallback callback;
+    RemoteSessionCallback callback;
     std::shared_ptr<IOfflineCameraSession> session;
     uint64_t handle = 0;  // the backend's handle, 0 when it refused
 };
@@ -97,7 +61,7 @@ struct OpenedSession {
 // proxies of remote binders.
 class RemoteClient {
   public:
-    explicit RemoteClient(const char* vendorRoot = TEST_VENDOR_ROOT) {
+    explicit RemoteClient(ChildScenario& scenario, const char* vendorRoot = TEST_VENDOR_ROOT) {
         Vorn::Host::SetVendorRoot(vendorRoot);
         RegisterOfflineCameraAIDLService();
         ::ndk::SpAIBinder binder(AServiceManager_waitForService(kInstance));
@@ -107,22 +71,14 @@ class RemoteClient {
         OfflineCameraService::GetInstance();
         kivref::ClearCalls();
         LogCapture::Clear();
-        mBefore = Leftovers::Take();
+        scenario.Settle();
     }
 
     IOfflineCameraService& Service() { return *mService; }
 
-    static RemoteCallback MakeCallback() {
-        RemoteCallback callback;
-        callback.object = ::ndk::SharedRefBase::make<SessionCallback>();
-        callback.binder = callback.object->asBinder();
-        ::ndk::host::setRemote(callback.binder.get(), true);
-        return callback;
-    }
-
     // Opens a session and holds it as the client does, through a proxy; null on failure.
     std::shared_ptr<IOfflineCameraSession> Open(const std::string& name,
-                                                const RemoteCallback& callback) {
+                                                const RemoteSessionCallback& callback) {
         std::shared_ptr<IOfflineCameraSession> session;
         ::ndk::ScopedAStatus status = mService->openOfflineSeesion(name, callback.object, &session);
         EXPECT_TRUE(status.isOk()) << status.getDescription();
@@ -135,40 +91,21 @@ class RemoteClient {
     // Opens a session with a callback of its own.
     OpenedSession OpenSession(const std::string& name) {
         OpenedSession opened;
-        opened.callback = MakeCallback();
+        opened.callback = RemoteSessionCallback::Make();
         opened.session = Open(name, opened.callback);
         opened.handle = LastSessionHandle();
         return opened;
     }
 
-    // Everything made since construction is gone again.
-    void ExpectBalanced() const { EXPECT_TRUE(mBefore == Leftovers::Take()); }
-
   private:
     std::shared_ptr<IOfflineCameraService> mService;
-    Leftovers mBefore;
 };
-
-// Runs a scenario in a child process, which passes only if no expectation failed there.
-void RunInChild(void (*scenario)()) {
-    EXPECT_EXIT(
-            {
-                LogCapture::Start();
-                scenario();
-                if (::testing::Test::HasFailure()) {
-                    fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str());
-                    _exit(1);
-                }
-                _exit(0);
-            },
-            ::testing::ExitedWithCode(0), "");
-}
 
 // ---------------------------------------------------------------------------------------------
 // Capability queries and session opening
 
-void QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps() {
-    RemoteClient client;
+void QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps(ChildScenario& s) {
+    RemoteClient client(s);
     std::vector<int32_t> modes;
     EXPECT_TRUE(client.Service().getSupportedOpModes(&modes).isOk());
     EXPECT_EQ((std::vector<int32_t>{0, 1, 2, 3, 4, 5}), modes);
@@ -184,11 +121,10 @@ void QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps() {
     EXPECT_EQ(std::vector<uint8_t>(coreBytes, coreBytes + get_camera_metadata_size(core)),
               caps.metadata);
     EXPECT_TRUE(kivref::Calls().empty());
-    client.ExpectBalanced();
 }
 
-void StaticCapsWithoutABoundBackendAreAnInternalError() {
-    RemoteClient client(TEST_VENDOR_ROOT_EMPTY);
+void StaticCapsWithoutABoundBackendAreAnInternalError(ChildScenario& s) {
+    RemoteClient client(s, TEST_VENDOR_ROOT_EMPTY);
     CameraMetadata caps;
     ::ndk::ScopedAStatus status = client.Service().getOfflineStaticCaps(&caps);
     EXPECT_EQ(EX_SERVICE_SPECIFIC, status.getExceptionCode());
@@ -199,8 +135,8 @@ void StaticCapsWithoutABoundBackendAreAnInternalError() {
               LogCapture::Lines(kServiceTag));
 }
 
-void OpeningWithoutACallbackIsRefused() {
-    RemoteClient client;
+void OpeningWithoutACallbackIsRefused(ChildScenario& s) {
+    RemoteClient client(s);
     std::shared_ptr<IOfflineCameraSession> session;
     ::ndk::ScopedAStatus status = client.Service().openOfflineSeesion("nobody", nullptr, &session);
     EXPECT_EQ(EX_SERVICE_SPECIFIC, status.getExceptionCode());
@@ -210,26 +146,25 @@ void OpeningWithoutACallbackIsRefused() {
                                      "223 openOfflineSeesion: callback is null"}}),
               LogCapture::Lines(kServiceTag));
     EXPECT_TRUE(kivref::Calls().empty());
-    client.ExpectBalanced();
 }
 
 TEST(OfflineSessionOpeningTest, QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps) {
-    RunInChild(QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps);
+    EXPECT_IN_CHILD(QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps);
 }
 
 TEST(OfflineSessionOpeningTest, StaticCapsWithoutABoundBackendAreAnInternalError) {
-    RunInChild(StaticCapsWithoutABoundBackendAreAnInternalError);
+    EXPECT_IN_CHILD(StaticCapsWithoutABoundBackendAreAnInternalError);
 }
 
 TEST(OfflineSessionOpeningTest, OpeningWithoutACallbackIsRefused) {
-    RunInChild(OpeningWithoutACallbackIsRefused);
+    EXPECT_IN_CHILD(OpeningWithoutACallbackIsRefused);
 }
 
 // ---------------------------------------------------------------------------------------------
 // Session life
 
-void RemoteClientOpensFlushesDumpsAndCloses() {
-    RemoteClient client;
+void RemoteClientOpensFlushesDumpsAndCloses(ChildScenario& s) {
+    RemoteClient client(s);
     {
         OpenedSession opened = client.OpenSession("portrait");
         ASSERT_NE(nullptr, opened.session);
@@ -267,11 +202,10 @@ void RemoteClientOpensFlushesDumpsAndCloses() {
     }
     // The last reference ends the closed session without closing it again.
     EXPECT_TRUE(kivref::Calls().empty());
-    client.ExpectBalanced();
 }
 
-void ARefusedSessionStillAnswersOk() {
-    RemoteClient client;
+void ARefusedSessionStillAnswersOk(ChildScenario& s) {
+    RemoteClient client(s);
     kivref::SetSlotFailure(kivref::Slot::OpenSession, true);
     {
         OpenedSession opened = client.OpenSession("refused");
@@ -291,11 +225,10 @@ void ARefusedSessionStillAnswersOk() {
             EXPECT_EQ(0u, call.session);
         }
     }
-    client.ExpectBalanced();
 }
 
-void ClosingTwiceClosesTheBackendTwice() {
-    RemoteClient client;
+void ClosingTwiceClosesTheBackendTwice(ChildScenario& s) {
+    RemoteClient client(s);
     {
         OpenedSession opened = client.OpenSession("twice");
         ASSERT_NE(nullptr, opened.session);
@@ -312,11 +245,10 @@ void ClosingTwiceClosesTheBackendTwice() {
                   LogCapture::Lines(kSessionTag));
     }
     EXPECT_EQ(2u, CallsOf(kivref::Slot::CloseSession).size());
-    client.ExpectBalanced();
 }
 
-void AClientDeathIsOnlyLogged() {
-    RemoteClient client;
+void AClientDeathIsOnlyLogged(ChildScenario& s) {
+    RemoteClient client(s);
     {
         OpenedSession opened = client.OpenSession("night");
         ASSERT_NE(nullptr, opened.session);
@@ -339,13 +271,12 @@ void AClientDeathIsOnlyLogged() {
     }
     // The last reference closes the session that its client never closed.
     EXPECT_EQ(1u, CallsOf(kivref::Slot::CloseSession).size());
-    client.ExpectBalanced();
 }
 
-void TwoSessionsWithOneNameAreIndependent() {
-    RemoteClient client;
+void TwoSessionsWithOneNameAreIndependent(ChildScenario& s) {
+    RemoteClient client(s);
     {
-        RemoteCallback callback = RemoteClient::MakeCallback();
+        RemoteSessionCallback callback = RemoteSessionCallback::Make();
         std::shared_ptr<IOfflineCameraSession> first = client.Open("same", callback);
         const uint64_t firstHandle = LastSessionHandle();
         std::shared_ptr<IOfflineCameraSession> second = client.Open("same", callback);
@@ -364,27 +295,26 @@ void TwoSessionsWithOneNameAreIndependent() {
         EXPECT_EQ(secondHandle, dumps[0].session);
         EXPECT_EQ(0, dumps[0].status);
     }
-    client.ExpectBalanced();
 }
 
 TEST(OfflineSessionLifeTest, RemoteClientOpensFlushesDumpsAndCloses) {
-    RunInChild(RemoteClientOpensFlushesDumpsAndCloses);
+    EXPECT_IN_CHILD(RemoteClientOpensFlushesDumpsAndCloses);
 }
 
 TEST(OfflineSessionLifeTest, ARefusedSessionStillAnswersOk) {
-    RunInChild(ARefusedSessionStillAnswersOk);
+    EXPECT_IN_CHILD(ARefusedSessionStillAnswersOk);
 }
 
 TEST(OfflineSessionLifeTest, ClosingTwiceClosesTheBackendTwice) {
-    RunInChild(ClosingTwiceClosesTheBackendTwice);
+    EXPECT_IN_CHILD(ClosingTwiceClosesTheBackendTwice);
 }
 
 TEST(OfflineSessionLifeTest, AClientDeathIsOnlyLogged) {
-    RunInChild(AClientDeathIsOnlyLogged);
+    EXPECT_IN_CHILD(AClientDeathIsOnlyLogged);
 }
 
 TEST(OfflineSessionLifeTest, TwoSessionsWithOneNameAreIndependent) {
-    RunInChild(TwoSessionsWithOneNameAreIndependent);
+    EXPECT_IN_CHILD(TwoSessionsWithOneNameAreIndependent);
 }
 
 }  // namespace

@@ -14,7 +14,6 @@
  * seconds here, also with the sanitizers):
  *     SOAK_ITERATIONS=100000 build/tests/leak_soak_test
  */
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraSession.h>
 #include <hostplatform/BinderTesting.h>
 #include <hostplatform/GrallocTesting.h>
@@ -48,8 +47,6 @@
 namespace offlinecamera::test {
 namespace {
 
-using ::aidl::android::hardware::camera::device::CaptureResult;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
 
@@ -94,37 +91,6 @@ uint32_t Rounds() {
     const unsigned long rounds = strtoul(text, nullptr, 10);
     return rounds == 0 ? kDefaultRounds : static_cast<uint32_t>(rounds);
 }
-
-// Everything the run must give back, and the heap.
-struct Accounts {
-    ResourceCounts resources;
-    size_t sessions = 0;
-    size_t binders = 0;
-    size_t recipients = 0;
-
-    static Accounts Take() {
-        return {ResourceCounts::Take(), kivref::LiveSessions(), ::ndk::host::liveBinderCount(),
-                ::ndk::host::deathRecipientCount()};
-    }
-    bool operator==(const Accounts& o) const {
-        return resources == o.resources && sessions == o.sessions && binders == o.binders &&
-               recipients == o.recipients;
-    }
-    std::string ToString() const {
-        return resources.ToString() + " sessions=" + std::to_string(sessions) +
-               " binders=" + std::to_string(binders) + " recipients=" + std::to_string(recipients);
-    }
-};
-
-class SessionCallback : public BnOfflineCameraSessionCallback {
-  public:
-    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& /*msgs*/) override {
-        return ::ndk::ScopedAStatus::ok();
-    }
-    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& /*results*/) override {
-        return ::ndk::ScopedAStatus::ok();
-    }
-};
 
 // What becomes of a consumer client in its round.
 enum class ClientFate {
@@ -313,11 +279,9 @@ class Soak {
     }
 
     void Session(SessionFate fate) {
-        auto callback = ::ndk::SharedRefBase::make<SessionCallback>();
-        ::ndk::SpAIBinder callbackBinder = callback->asBinder();
-        ::ndk::host::setRemote(callbackBinder.get(), true);
+        RemoteSessionCallback callback = RemoteSessionCallback::Make();
         std::shared_ptr<IOfflineCameraSession> opened;
-        ASSERT_TRUE(mService.openOfflineSeesion("soak", callback, &opened).isOk());
+        ASSERT_TRUE(mService.openOfflineSeesion("soak", callback.object, &opened).isOk());
         ASSERT_NE(nullptr, opened);
         // The client holds the session through a proxy, as from another process.
         ::ndk::SpAIBinder sessionBinder = opened->asBinder();
@@ -333,7 +297,7 @@ class Soak {
         EXPECT_TRUE(session->flushOfflineSession(flush).isOk());
         EXPECT_TRUE(session->dumpOfflineSession().isOk());
         if (fate == SessionFate::kDiesThenCloses || fate == SessionFate::kDiesThenDrops) {
-            ::ndk::host::kill(callbackBinder.get());
+            ::ndk::host::kill(callback.binder.get());
         }
         if (fate == SessionFate::kCloses || fate == SessionFate::kDiesThenCloses) {
             EXPECT_TRUE(session->closeOfflineSession().isOk());
@@ -357,7 +321,7 @@ class Soak {
 };
 
 void LongRunGivesEverythingBack(Scenario& s) {
-    const Accounts start = Accounts::Take();
+    const ProcessCounts start = ProcessCounts::Take();
     Soak soak(s.Service());
     soak.Run(kWarmUpRounds);
     soak.BringBackKeptBuffers();
@@ -369,7 +333,7 @@ void LongRunGivesEverythingBack(Scenario& s) {
     soak.BringBackKeptBuffers();
     const size_t endHeap = HeapInUse();
     const size_t endResident = ResidentBytes();
-    const Accounts end = Accounts::Take();
+    const ProcessCounts end = ProcessCounts::Take();
 
     printf("rounds: %u after %u of warm-up; %u consumer clients, %u round trips, %u sessions\n",
            rounds, kWarmUpRounds, soak.Clients(), soak.RoundTrips(), soak.Sessions());

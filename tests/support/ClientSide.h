@@ -1,11 +1,12 @@
 /*
- * What the brokering tests and the benchmarks both play: the names a consumer client of the
+ * What the tests and the benchmarks play on the client side: the names a consumer client of the
  * published service works with, the way such a client reaches the service and hands its callback
- * over as a binder of another process, and a camera3 output stream of the HAL. Header only, so
- * that the benchmarks can use it without the tests' support library.
+ * over as a binder of another process, a session client's callback, and a camera3 output stream
+ * of the HAL. Header only, so that the benchmarks can use it without the tests' support library.
  */
 #pragma once
 
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineClientCallback.h>
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <android/binder_manager.h>
@@ -16,13 +17,16 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace offlinecamera::clientside {
 
 using ::aidl::android::hardware::camera::device::BufferRequestStatus;
+using ::aidl::android::hardware::camera::device::CaptureResult;
 using ::aidl::android::hardware::camera::device::NotifyMsg;
 using ::aidl::android::hardware::camera::device::StreamBuffer;
 using ::aidl::android::hardware::camera::device::StreamBufferRet;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineClientCallback;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraService;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineClientCallback;
@@ -42,6 +46,31 @@ inline std::shared_ptr<IOfflineCameraService> ConnectToService() {
     return RemoteInterface<IOfflineCameraService>(
             ::ndk::SpAIBinder(AServiceManager_waitForService(instance.c_str())));
 }
+
+/* A session client's callback that accepts everything and keeps nothing. */
+class SessionCallback : public BnOfflineCameraSessionCallback {
+  public:
+    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& /*msgs*/) override {
+        return ::ndk::ScopedAStatus::ok();
+    }
+    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& /*results*/) override {
+        return ::ndk::ScopedAStatus::ok();
+    }
+};
+
+/* A session callback living in the client's process; its binder is marked remote. */
+struct RemoteSessionCallback {
+    std::shared_ptr<SessionCallback> object;
+    ::ndk::SpAIBinder binder;
+
+    static RemoteSessionCallback Make() {
+        RemoteSessionCallback callback;
+        callback.object = ::ndk::SharedRefBase::make<SessionCallback>();
+        callback.binder = callback.object->asBinder();
+        ::ndk::host::setRemote(callback.binder.get(), true);
+        return callback;
+    }
+};
 
 /* A camera3 output stream of the HAL. */
 inline camera3_stream_t MakeStream(uint32_t width, uint32_t height, int format, uint32_t usage = 0,

@@ -1,0 +1,81 @@
+#include "ChildScenario.h"
+
+#include <hostplatform/BinderTesting.h>
+#include <hostplatform/KivReferenceBackend.h>
+#include <hostplatform/VornTesting.h>
+#include <stdio.h>
+#include <unistd.h>
+
+#include "LogCapture.h"
+
+namespace offlinecamera::test {
+
+ProcessCounts ProcessCounts::Take() {
+    ProcessCounts counts;
+    counts.resources = ResourceCounts::Take();
+    counts.sessions = kivref::LiveSessions();
+    counts.binders = ::ndk::host::liveBinderCount();
+    counts.recipients = ::ndk::host::deathRecipientCount();
+    return counts;
+}
+
+bool ProcessCounts::operator==(const ProcessCounts& o) const {
+    return resources == o.resources && sessions == o.sessions && binders == o.binders &&
+           recipients == o.recipients;
+}
+
+std::string ProcessCounts::ToString() const {
+    return resources.ToString() + " sessions=" + std::to_string(sessions) +
+           " binders=" + std::to_string(binders) + " recipients=" + std::to_string(recipients);
+}
+
+ChildScenario::ChildScenario() {
+    LogCapture::Start();
+    Vorn::Host::SetVendorRoot(TEST_VENDOR_ROOT);
+    mStart = ProcessCounts::Take();
+}
+
+void ChildScenario::Settle() {
+    mStart = ProcessCounts::Take();
+}
+
+void ChildScenario::ExpectBalanced() const {
+    ProcessCounts expected = mStart;
+    // A kept buffer holds its imported handle and that handle's descriptor.
+    expected.resources.liveImports += mKeptImports;
+    expected.resources.openFds += mKeptImports;
+    const ProcessCounts now = ProcessCounts::Take();
+    EXPECT_TRUE(now == expected) << "expected: " << expected.ToString()
+                                 << "\nnow:      " << now.ToString();
+}
+
+namespace {
+
+// The parent reports only the child's exit code and output: print the failures with the log.
+[[noreturn]] void ExitChild() {
+    if (!::testing::Test::HasFailure()) _exit(0);
+    const ::testing::TestResult* result =
+            ::testing::UnitTest::GetInstance()->current_test_info()->result();
+    for (int i = 0; i < result->total_part_count(); i++) {
+        const ::testing::TestPartResult& part = result->GetTestPartResult(i);
+        if (part.failed()) {
+            fprintf(stderr, "%s:%d: %s\n", part.file_name() != nullptr ? part.file_name() : "?",
+                    part.line_number(), part.message());
+        }
+    }
+    fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str());
+    fflush(stdout);
+    fflush(stderr);
+    _exit(1);
+}
+
+}  // namespace
+
+void RunInChild(const std::function<void(ChildScenario&)>& scenario) {
+    ChildScenario child;
+    scenario(child);
+    child.ExpectBalanced();
+    ExitChild();
+}
+
+}  // namespace offlinecamera::test
