@@ -43,16 +43,6 @@ const KivOfflineIntfCbs* gBaselineBackend = nullptr;
 
 void DropLine(const struct __android_logger_data* /*data*/, const char* /*message*/) {}
 
-class NullSessionCallback : public BnOfflineCameraSessionCallback {
-  public:
-    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& /*msgs*/) override {
-        return ::ndk::ScopedAStatus::ok();
-    }
-    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& /*results*/) override {
-        return ::ndk::ScopedAStatus::ok();
-    }
-};
-
 int32_t IgnoreResults(const KivOfflineCallbacks* /*pCallbackOps*/, uint32_t /*numResults*/,
                       const KivOfflineCaptureResult* /*pResults*/) {
     return 0;
@@ -87,7 +77,7 @@ void LogToStderr() {
 }
 
 std::shared_ptr<IOfflineCameraSessionCallback> MakeSessionCallback() {
-    auto callback = ::ndk::SharedRefBase::make<NullSessionCallback>();
+    auto callback = ::ndk::SharedRefBase::make<SessionCallback>();
     ::ndk::SpAIBinder binder = callback->asBinder();
     ::ndk::host::setRemote(binder.get(), true);
     return callback;
