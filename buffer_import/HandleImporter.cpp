@@ -8,6 +8,7 @@
 #include <ui/GraphicBufferMapper.h>
 #include <unistd.h>
 
+// Every failure is logged at ERROR; each format's first "%s" names the operation.
 #define LOG_TAG "HandleImporter"
 #define IMPORTER_LOGE(...) __android_log_print(ANDROID_LOG_ERROR, LOG_TAG, __VA_ARGS__)
 

@@ -548,6 +548,11 @@ int32_t SlotConfigureSession(uint64_t handle, KivOfflineSessionConfigInfo* info)
         record.ints[0] = info->numStreams;
         record.ints[1] = info->operationMode;
         record.pointer = info->pSessionParameters;
+        for (uint32_t i = 0; info->ppStreams != nullptr && i < info->numStreams; i++) {
+            const camera3_stream_t* stream = info->ppStreams[i];
+            record.streams.push_back(stream);
+            record.streamRecords.push_back(stream != nullptr ? *stream : camera3_stream_t{});
+        }
     }
     int32_t status = -1;
     std::shared_ptr<BackendSession> session = Reg().FindSession(handle);

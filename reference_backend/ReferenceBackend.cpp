@@ -153,6 +153,20 @@ bool Registry::RemoveMetadataOps(const KivMetadataOps* ops, uint32_t* cameraId) 
     if (it == mMetadataOps.end()) return false;
     *cameraId = it->second->cameraId;
     mMetadataOps.erase(it);
+    // Metadata made for a camera ends with the camera's last table, except what a queued
+    // request still holds (it ends with the request).
+    for (const auto& table : mMetadataOps) {
+        if (table.second->cameraId == *cameraId) return true;
+    }
+    for (auto entry = mMetadata.begin(); entry != mMetadata.end();) {
+        const std::shared_ptr<BackendMetadata>& metadata = entry->second;
+        if (metadata->CameraId() == *cameraId && !metadata->OwnedByContext() &&
+            !metadata->Held()) {
+            entry = mMetadata.erase(entry);
+        } else {
+            ++entry;
+        }
+    }
     return true;
 }
 

@@ -71,7 +71,8 @@ enum class Slot : uint32_t {
 //   OpenSession             table, session the new handle, pointer pCallbacks, text name
 //   CloseSession, Dump      session
 //   ConfigureSession        session, text pCameraId, cameraId its decimal value,
-//                           ints numStreams and operationMode, pointer pSessionParameters
+//                           ints numStreams and operationMode, pointer pSessionParameters,
+//                           streams the stream pointers and streamRecords their contents
 //   ExecuteRequest          session, pointer the request record, ints numInputs, the number
 //                           of output buffers and the frame number given to the request
 //   Flush                   session, ints[0] flushFlags
@@ -100,6 +101,8 @@ struct CallRecord {
     const void* result = nullptr;
     int32_t status = 0;
     std::string text;
+    std::vector<const camera3_stream_t*> streams;
+    std::vector<camera3_stream_t> streamRecords;
 };
 
 // Scripting. Absent slots are null in tables opened after the call. A failing slot returns -1
@@ -135,6 +138,8 @@ KIVREF_EXPORT void ClearCalls();
 // Objects the backend holds now.
 KIVREF_EXPORT size_t LiveContexts();
 KIVREF_EXPORT size_t LiveSessions();
+// Closing the last metadata table of a camera ends the metadata made for that camera, except
+// what a queued request holds.
 KIVREF_EXPORT size_t LiveKivMetadata();  // includes each open context's static handle
 KIVREF_EXPORT size_t LiveAndroidMetadata();
 KIVREF_EXPORT size_t OpenMetadataOps();

@@ -1,0 +1,610 @@
+/*
+ * Offline processing as a remote client drives it: configuring a session, sending requests of
+ * input frames and output buffers, and what comes back from the backend's thread (notify
+ * messages, results, returned buffers). Each scenario runs in a child process of its own, which
+ * checks that buffers, descriptors, Vorn allocations and backend metadata balance at the end.
+ */
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
+#include <convert.h>
+#include <gtest/gtest.h>
+#include <hostplatform/GrallocTesting.h>
+#include <system/camera_metadata.h>
+
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "OfflineCameraAIDLSession.h"
+#include "RemoteSessionClient.h"
+
+namespace offlinecamera::test {
+namespace {
+
+using ::aidl::android::hardware::camera::device::BufferStatus;
+using ::aidl::android::hardware::camera::device::CameraMetadata;
+using ::aidl::android::hardware::camera::device::CaptureResult;
+using ::aidl::android::hardware::camera::device::NotifyMsg;
+using ::aidl::android::hardware::camera::device::Stream;
+using ::aidl::android::hardware::camera::device::StreamBuffer;
+using ::aidl::android::hardware::camera::device::StreamConfigurationMode;
+using ::aidl::android::hardware::camera::device::StreamType;
+using ::aidl::android::hardware::camera::metadata::RequestAvailableDynamicRangeProfilesMap;
+using ::aidl::android::hardware::graphics::common::BufferUsage;
+using ::aidl::android::hardware::graphics::common::PixelFormat;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::implementation::OfflineCameraAIDLSession;
+
+constexpr const char* kSessionTag = "KivOfflineAIDLSession";
+constexpr int32_t kInputStream = 1;
+constexpr int32_t kOutputStream = 2;
+constexpr uint32_t kWidth = 4;
+constexpr uint32_t kHeight = 2;
+constexpr int64_t kExposureNs = 8000000;
+
+// What the client keeps of a result (results own descriptors and cannot be copied).
+struct ReceivedBuffer {
+    int32_t streamId;
+    int64_t bufferId;
+    BufferStatus status;
+    bool hasHandle;
+};
+struct ReceivedResult {
+    int32_t frameNumber;
+    int32_t partialResult;
+    std::vector<uint8_t> metadata;
+    std::vector<ReceivedBuffer> outputBuffers;
+};
+
+// A session client's callback that keeps what it receives.
+class RecordingCallback : public BnOfflineCameraSessionCallback {
+  public:
+    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& msgs) override {
+        std::lock_guard<std::mutex> lock(mLock);
+        mMessages.insert(mMessages.end(), msgs.begin(), msgs.end());
+        return ::ndk::ScopedAStatus::ok();
+    }
+    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& results) override {
+        std::lock_guard<std::mutex> lock(mLock);
+        mResultCalls++;
+        for (const CaptureResult& result : results) {
+            ReceivedResult received{result.frameNumber, result.partialResult,
+                                    result.result.metadata, {}};
+            for (const StreamBuffer& buffer : result.outputBuffers) {
+                received.outputBuffers.push_back({buffer.streamId, buffer.bufferId, buffer.status,
+                                                  !buffer.buffer.fds.empty()});
+            }
+            mResults.push_back(std::move(received));
+        }
+        return ::ndk::ScopedAStatus::ok();
+    }
+
+    std::vector<NotifyMsg> Messages() {
+        std::lock_guard<std::mutex> lock(mLock);
+        return mMessages;
+    }
+    std::vector<ReceivedResult> Results() {
+        std::lock_guard<std::mutex> lock(mLock);
+        return mResults;
+    }
+    size_t ResultCalls() {
+        std::lock_guard<std::mutex> lock(mLock);
+        return mResultCalls;
+    }
+
+  private:
+    // Guards everything received; the backend's thread delivers while the test reads.
+    std::mutex mLock;
+    std::vector<NotifyMsg> mMessages;
+    std::vector<ReceivedResult> mResults;
+    size_t mResultCalls = 0;
+};
+
+Stream MakeStream(int32_t id, StreamType type) {
+    Stream stream;
+    stream.id = id;
+    stream.streamType = type;
+    stream.width = kWidth;
+    stream.height = kHeight;
+    stream.format = PixelFormat::Y8;
+    stream.usage = BufferUsage::CPU_READ_OFTEN;
+    return stream;
+}
+
+// Capture settings as a client serialises them.
+std::vector<uint8_t> Settings() {
+    camera_metadata_t* metadata = allocate_camera_metadata(1, 8);
+    add_camera_metadata_entry(metadata, ANDROID_SENSOR_EXPOSURE_TIME, &kExposureNs, 1);
+    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(metadata);
+    std::vector<uint8_t> copy(bytes, bytes + get_camera_metadata_size(metadata));
+    free_camera_metadata(metadata);
+    return copy;
+}
+
+// A buffer the client allocated, as it travels in a request.
+StreamBuffer MakeBuffer(int32_t streamId, int64_t bufferId) {
+    StreamBuffer buffer;
+    buffer.streamId = streamId;
+    buffer.bufferId = bufferId;
+    buffer.status = BufferStatus::OK;
+    native_handle_t* handle = android::hostgralloc::allocate(kWidth, kHeight, HAL_PIXEL_FORMAT_Y8,
+                                                             0x3);
+    buffer.buffer = ::android::hardware::camera::device::implementation::convertToAidl(handle);
+    android::hostgralloc::release(handle);
+    return buffer;
+}
+
+// A request of one input buffer per frame (ids from firstInputId on), settings in the first
+// frame only, and one output buffer.
+OfflineCaptureRequest MakeRequest(int32_t frameNumber, int64_t firstInputId, size_t frames,
+                                  int64_t outputId, int32_t outputStream = kOutputStream) {
+    OfflineCaptureRequest request;
+    request.frameNumber = frameNumber;
+    for (size_t i = 0; i < frames; i++) {
+        OfflineInputFrame frame;
+        frame.inputBuffers.push_back(MakeBuffer(kInputStream, firstInputId + i));
+        if (i == 0) frame.settings.metadata = Settings();
+        request.inputFrames.push_back(std::move(frame));
+    }
+    request.outputBuffers.push_back(MakeBuffer(outputStream, outputId));
+    return request;
+}
+
+OfflineSessionConfiguration MakeConfiguration(std::vector<Stream> streams) {
+    OfflineSessionConfiguration config;
+    config.cameraId = "0";
+    config.streams = std::move(streams);
+    config.operationMode = StreamConfigurationMode::NORMAL_MODE;
+    return config;
+}
+
+// A session of a remote client with a recording callback, configured with an input and an
+// output stream of camera 0.
+struct ProcessingSession {
+    std::shared_ptr<RecordingCallback> callback;
+    ::ndk::SpAIBinder callbackBinder;
+    std::shared_ptr<IOfflineCameraSession> session;
+    uint64_t handle = 0;
+
+    ProcessingSession(RemoteClient& client, const std::string& name) {
+        callback = ::ndk::SharedRefBase::make<RecordingCallback>();
+        callbackBinder = callback->asBinder();
+        ::ndk::host::setRemote(callbackBinder.get(), true);
+        std::shared_ptr<IOfflineCameraSession> local;
+        EXPECT_TRUE(client.Service().openOfflineSeesion(name, callback, &local).isOk());
+        ::ndk::SpAIBinder binder = local->asBinder();
+        ::ndk::host::setRemote(binder.get(), true);
+        session = IOfflineCameraSession::fromBinder(binder);
+        handle = LastSessionHandle();
+    }
+
+    void ConfigureInputAndOutput() {
+        EXPECT_TRUE(
+                session->configureOfflineSession(
+                               MakeConfiguration({MakeStream(kInputStream, StreamType::INPUT),
+                                                  MakeStream(kOutputStream, StreamType::OUTPUT)}))
+                        .isOk());
+    }
+
+    int32_t Process(OfflineCaptureRequest request) {
+        std::vector<OfflineCaptureRequest> requests;
+        requests.push_back(std::move(request));
+        return Process(requests);
+    }
+
+    int32_t Process(const std::vector<OfflineCaptureRequest>& requests) {
+        int32_t frameNumber = -1;
+        EXPECT_TRUE(session->processOfflineRequest(requests, &frameNumber).isOk());
+        return frameNumber;
+    }
+
+    // The result the client received for a frame, or null.
+    const ReceivedResult* ResultOf(const std::vector<ReceivedResult>& results, int32_t frame) {
+        for (const ReceivedResult& result : results) {
+            if (result.frameNumber == frame) return &result;
+        }
+        return nullptr;
+    }
+};
+
+LogLine SessionError(const std::string& text) {
+    return {ANDROID_LOG_ERROR, kSessionTag, text};
+}
+
+size_t CountWithPrefix(const std::vector<LogLine>& lines, const std::string& prefix) {
+    size_t count = 0;
+    for (const LogLine& line : lines) {
+        if (line.message.compare(0, prefix.size(), prefix) == 0) count++;
+    }
+    return count;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Configuration
+
+void ConfigurationMapsModesAndKeepsStreamRecordsInPlace(ChildScenario& s) {
+    RemoteClient client(s);
+    const size_t tablesBefore = kivref::OpenMetadataOps();
+    {
+        ProcessingSession opened(client, "modes");
+        Stream output = MakeStream(kOutputStream, StreamType::OUTPUT);
+        output.physicalCameraId = "2";
+        // Extension fields the backend must not see.
+        output.bufferSize = 4096;
+        output.colorSpace = 3;
+        output.dynamicRangeProfile = RequestAvailableDynamicRangeProfilesMap::
+                ANDROID_REQUEST_AVAILABLE_DYNAMIC_RANGE_PROFILES_MAP_HLG10;
+        ASSERT_TRUE(opened.session
+                            ->configureOfflineSession(MakeConfiguration(
+                                    {MakeStream(kInputStream, StreamType::INPUT), output}))
+                            .isOk());
+        kivref::CallRecord first = CallsOf(kivref::Slot::ConfigureSession).at(0);
+        EXPECT_EQ(opened.handle, first.session);
+        EXPECT_EQ("0", first.text);
+        EXPECT_EQ(2, first.ints[0]);
+        EXPECT_EQ(0x8001, first.ints[1]);
+        ASSERT_EQ(2u, first.streamRecords.size());
+        const camera3_stream_t& record = first.streamRecords[1];
+        EXPECT_EQ(CAMERA3_STREAM_OUTPUT, record.stream_type);
+        EXPECT_EQ(kWidth, record.width);
+        EXPECT_STREQ("", record.vendor_stream_tag);
+        EXPECT_EQ(0, record.dynamic_range_profile);
+        EXPECT_EQ(0, record.vendor_stream_hint);
+        EXPECT_EQ(0, record.color_space);
+        // The physical camera id outlives the client's configuration.
+        EXPECT_STREQ("2", first.streams[1]->physical_camera_id);
+        EXPECT_TRUE(LogCapture::Contains({ANDROID_LOG_VERBOSE, kSessionTag,
+                                          "configureOfflineSession: i: 1, id: 2, streamType: 0, "
+                                          "width:4, height:2"}));
+
+        struct Mode {
+            int32_t operationMode;
+            int32_t backendOperationMode;
+            int64_t expected;
+        };
+        const Mode modes[] = {{1, 0, 0x8002},
+                              {2, 0, 0x8003},
+                              {3, 0, 0x8005},
+                              {4, 0, 0x8004},
+                              {5, 0, 0x8006},
+                              {6, 0, 0x8007},
+                              {7, 0, 0x8000},
+                              {-1, 0, 0x8000},
+                              {0, 0, 0x8001},
+                              {3, 0x77, 0x77},
+                              {-1, -2, -2 & 0xFFFFFFFFLL}};
+        for (const Mode& mode : modes) {
+            kivref::ClearCalls();
+            OfflineSessionConfiguration config = MakeConfiguration({output});
+            config.operationMode = static_cast<StreamConfigurationMode>(mode.operationMode);
+            config.backendOperationMode = mode.backendOperationMode;
+            ASSERT_TRUE(opened.session->configureOfflineSession(config).isOk());
+            kivref::CallRecord call = CallsOf(kivref::Slot::ConfigureSession).at(0);
+            EXPECT_EQ(mode.expected, static_cast<uint32_t>(call.ints[1]))
+                    << "mode " << mode.operationMode << ", backend mode "
+                    << mode.backendOperationMode;
+            // Reconfiguring a stream overwrites its record where it is.
+            ASSERT_EQ(1u, call.streams.size());
+            EXPECT_EQ(first.streams[1], call.streams[0]);
+        }
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+    }
+    // Every configuration took the camera's operations once more; the close gave one back.
+    const size_t configurations = 12;
+    for (size_t i = 1; i < configurations; i++) {
+        EXPECT_EQ(tablesBefore + 1, kivref::OpenMetadataOps());
+        OfflineCameraService::GetInstance()->DeInitMetaOps(0);
+    }
+    EXPECT_EQ(tablesBefore, kivref::OpenMetadataOps());
+}
+
+void EmptyAndInvalidConfigurationsStillReachTheBackend(ChildScenario& s) {
+    RemoteClient client(s);
+    {
+        ProcessingSession opened(client, "empty");
+        ASSERT_TRUE(opened.session->configureOfflineSession(MakeConfiguration({})).isOk());
+        OfflineSessionConfiguration invalid = MakeConfiguration({});
+        invalid.cameraId = "front";  // not a number: camera 0
+        invalid.sessionParams.metadata = {1, 2, 3, 4};
+        ASSERT_TRUE(opened.session->configureOfflineSession(invalid).isOk());
+
+        std::vector<kivref::CallRecord> calls = CallsOf(kivref::Slot::ConfigureSession);
+        ASSERT_EQ(2u, calls.size());
+        for (const kivref::CallRecord& call : calls) {
+            EXPECT_EQ(0, call.ints[0]);
+            EXPECT_EQ(nullptr, call.pointer);
+            EXPECT_EQ(0u, call.cameraId);
+        }
+        EXPECT_EQ("front", calls[1].text);
+        std::vector<LogLine> errors;
+        for (const LogLine& line : LogCapture::Lines(kSessionTag)) {
+            if (line.priority == ANDROID_LOG_ERROR) errors.push_back(line);
+        }
+        EXPECT_EQ((std::vector<LogLine>{
+                          SessionError("508 convertStreamType StreamSize is zero"),
+                          SessionError("475 convertToOfflineMetadata metaSize is zero"),
+                          SessionError("508 convertStreamType StreamSize is zero"),
+                          SessionError("466 convertToOfflineMetadata convert from AIDL meta to "
+                                       "camera_metadata_t failed")}),
+                  errors);
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        EXPECT_FALSE(LogCapture::Contains(
+                {ANDROID_LOG_INFO, kSessionTag,
+                 "877 closeOfflineSession, release configure metadata, mSessionName:empty"}));
+    }
+    // Two configurations, one close: the camera's operations are still held once.
+    OfflineCameraService::GetInstance()->DeInitMetaOps(0);
+}
+
+void SessionParametersGoToTheBackendAndEndWithTheSession(ChildScenario& s) {
+    RemoteClient client(s);
+    const size_t metadataBefore = kivref::LiveKivMetadata();
+    {
+        ProcessingSession opened(client, "params");
+        OfflineSessionConfiguration config = MakeConfiguration({});
+        config.sessionParams.metadata = Settings();
+        ASSERT_TRUE(opened.session->configureOfflineSession(config).isOk());
+        kivref::CallRecord call = CallsOf(kivref::Slot::ConfigureSession).at(0);
+        ASSERT_NE(nullptr, call.pointer);
+        EXPECT_EQ(metadataBefore + 1, kivref::LiveKivMetadata());
+        std::vector<kivref::CallRecord> conversions = CallsOf(kivref::Slot::CreateByAndroidMetadata);
+        ASSERT_EQ(1u, conversions.size());
+        EXPECT_EQ(call.pointer, conversions[0].result);
+        EXPECT_EQ((std::vector<int64_t>{0, 0, 0xFFFFFFFF}),
+                  std::vector<int64_t>(conversions[0].ints, conversions[0].ints + 3));
+
+        LogCapture::Clear();
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        // The close has already given the camera's operations back when it releases the
+        // parameters: the release finds the camera without a table and leaves them to the
+        // backend, which ended them with the table.
+        EXPECT_EQ((std::vector<LogLine>{
+                          {ANDROID_LOG_INFO, kSessionTag,
+                           "877 closeOfflineSession, release configure metadata, "
+                           "mSessionName:params"},
+                  }),
+                  LogCapture::Lines(kSessionTag));
+        EXPECT_TRUE(CallsOf(kivref::Slot::DestroyKivMetadata).empty());
+        EXPECT_EQ(metadataBefore, kivref::LiveKivMetadata());
+    }
+}
+
+TEST(OfflineConfigurationTest, ConfigurationMapsModesAndKeepsStreamRecordsInPlace) {
+    EXPECT_IN_CHILD(ConfigurationMapsModesAndKeepsStreamRecordsInPlace);
+}
+
+TEST(OfflineConfigurationTest, EmptyAndInvalidConfigurationsStillReachTheBackend) {
+    EXPECT_IN_CHILD(EmptyAndInvalidConfigurationsStillReachTheBackend);
+}
+
+TEST(OfflineConfigurationTest, SessionParametersGoToTheBackendAndEndWithTheSession) {
+    EXPECT_IN_CHILD(SessionParametersGoToTheBackendAndEndWithTheSession);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Requests and results
+
+void RequestsComeBackAsMessagesAndResults(ChildScenario& s) {
+    RemoteClient client(s);
+    const size_t importsBefore = android::hostgralloc::liveImportCount();
+    {
+        ProcessingSession opened(client, "burst");
+        opened.ConfigureInputAndOutput();
+        LogCapture::Clear();
+        // Two requests in one call: the answer is the frame number of the last one.
+        std::vector<OfflineCaptureRequest> requests;
+        requests.push_back(MakeRequest(10, 100, 3, 200));
+        requests.push_back(MakeRequest(11, 110, 3, 210));
+        EXPECT_EQ(1001, opened.Process(requests));
+        EXPECT_TRUE(LogCapture::Contains(
+                {ANDROID_LOG_INFO, kSessionTag,
+                 "770 processOfflineRequest: original request frameNum :10. override "
+                 "frameNum:1000"}));
+        EXPECT_TRUE(LogCapture::Contains(
+                {ANDROID_LOG_INFO, kSessionTag,
+                 "770 processOfflineRequest: original request frameNum :11. override "
+                 "frameNum:1001"}));
+        // Frames after the first take its settings.
+        EXPECT_EQ(4u, LogCapture::Count({ANDROID_LOG_WARN, kSessionTag,
+                                         "655 convertAndImportBuffer: avoid Binder transaction "
+                                         "failure use first frame meta as source"}));
+        std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
+        ASSERT_EQ(2u, executed.size());
+        EXPECT_EQ((std::vector<int64_t>{3, 1, 1000}),
+                  std::vector<int64_t>(executed[0].ints, executed[0].ints + 3));
+
+        ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+        std::vector<NotifyMsg> messages = opened.callback->Messages();
+        ASSERT_EQ(2u, messages.size());
+        EXPECT_EQ(1000, messages[0].get<NotifyMsg::Tag::shutter>().frameNumber);
+        EXPECT_EQ(1001, messages[1].get<NotifyMsg::Tag::shutter>().frameNumber);
+
+        std::vector<ReceivedResult> results = opened.callback->Results();
+        ASSERT_EQ(2u, results.size());
+        for (int32_t i = 0; i < 2; i++) {
+            const ReceivedResult* result = opened.ResultOf(results, 1000 + i);
+            ASSERT_NE(nullptr, result);
+            ASSERT_EQ(1u, result->outputBuffers.size());
+            EXPECT_EQ(kOutputStream, result->outputBuffers[0].streamId);
+            EXPECT_EQ(200 + 10 * i, result->outputBuffers[0].bufferId);
+            EXPECT_EQ(BufferStatus::OK, result->outputBuffers[0].status);
+            EXPECT_FALSE(result->outputBuffers[0].hasHandle);
+            EXPECT_EQ(1, result->partialResult);
+            // The first frame's settings came through the backend into the result.
+            CameraMetadata bytes;
+            bytes.metadata = result->metadata;
+            const camera_metadata_t* metadata = nullptr;
+            ASSERT_TRUE(::android::hardware::camera::device::implementation::convertFromAidl(
+                    bytes, &metadata));
+            camera_metadata_ro_entry_t entry;
+            ASSERT_EQ(0, find_camera_metadata_ro_entry(metadata, ANDROID_SENSOR_EXPOSURE_TIME,
+                                                       &entry));
+            EXPECT_EQ(kExposureNs, entry.data.i64[0]);
+        }
+        // Inputs come back first and are freed with the next result, so every buffer is gone.
+        std::vector<LogLine> lines = LogCapture::Lines(kSessionTag);
+        EXPECT_EQ(2u, CountWithPrefix(lines, "238 ProcessOfflineResult, offlineSession return "));
+        EXPECT_EQ(8u, CountWithPrefix(lines, "182 freeReturnedBuffers, fd:"));
+        EXPECT_EQ(importsBefore, android::hostgralloc::liveImportCount());
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+    }
+}
+
+void FaultyRequestsAreStillExecuted(ChildScenario& s) {
+    RemoteClient client(s);
+    {
+        ProcessingSession opened(client, "faults");
+        opened.ConfigureInputAndOutput();
+        kivref::SetAutoDeliver(false);
+        LogCapture::Clear();
+        kivref::ClearCalls();
+
+        EXPECT_EQ(1000, opened.Process(MakeRequest(1, 5, 1, 6)));
+        // Output buffer 6 has not come back yet: the request is not converted, but executed.
+        EXPECT_EQ(1001, opened.Process(MakeRequest(2, 7, 1, 6)));
+        EXPECT_TRUE(LogCapture::Contains(SessionError(
+                "740 importBuffer: streamId :2, bufferId 6 not returned yet, used again!")));
+        // An invalid buffer followed by a good one: the request is converted in full.
+        OfflineCaptureRequest invalidFirst = MakeRequest(3, 9, 1, 10);
+        invalidFirst.inputFrames[0].inputBuffers.insert(
+                invalidFirst.inputFrames[0].inputBuffers.begin(), MakeBuffer(-1, 8));
+        EXPECT_EQ(1002, opened.Process(std::move(invalidFirst)));
+        EXPECT_TRUE(LogCapture::Contains(SessionError(
+                "548 convertAndImportBuffer: invalid streamId in inputBuffer (-1), bufferId (8)")));
+        // An output on a stream that was never configured.
+        EXPECT_EQ(1003, opened.Process(MakeRequest(4, 11, 1, 12, 9)));
+
+        std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
+        ASSERT_EQ(4u, executed.size());
+        EXPECT_EQ(1, executed[0].ints[1]);
+        EXPECT_EQ(0, executed[1].ints[1]);
+        EXPECT_EQ(1, executed[2].ints[1]);
+        EXPECT_EQ(1, executed[3].ints[1]);
+
+        kivref::SetAutoDeliver(true);
+        ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+        std::vector<ReceivedResult> results = opened.callback->Results();
+        ASSERT_EQ(3u, results.size());
+        ASSERT_NE(nullptr, opened.ResultOf(results, 1000));
+        // The unconverted request has an output without buffers and without metadata.
+        const ReceivedResult* unconverted = opened.ResultOf(results, 1001);
+        ASSERT_NE(nullptr, unconverted);
+        EXPECT_TRUE(unconverted->outputBuffers.empty());
+        EXPECT_EQ(0, unconverted->partialResult);
+        EXPECT_TRUE(unconverted->metadata.empty());
+        ASSERT_NE(nullptr, opened.ResultOf(results, 1002));
+        // The unconfigured stream's buffer is not found in its result, which is withheld.
+        EXPECT_EQ(nullptr, opened.ResultOf(results, 1003));
+        std::vector<LogLine> lines = LogCapture::Lines(kSessionTag);
+        EXPECT_EQ(1u, CountWithPrefix(lines, "317 ProcessOfflineResult, this outbuffer is not "));
+        // The invalid input was imported under stream -1, which has no configured record.
+        EXPECT_EQ(1u, CountWithPrefix(lines, "262 ProcessOfflineResult, this buffer is not "));
+        // Still cached until the close: input 7, the invalid input 8 and output 12.
+        LogCapture::Clear();
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+    }
+}
+
+void DeliveriesMadeByTheBackend(ChildScenario& s) {
+    RemoteClient client(s);
+    {
+        ProcessingSession opened(client, "records");
+        opened.ConfigureInputAndOutput();
+        LogCapture::Clear();
+
+        // No results: the client still hears of the delivery. (Reserved room gives the empty
+        // list an address; without one the backend passes null.)
+        std::vector<KivOfflineCaptureResult> none;
+        none.reserve(1);
+        EXPECT_EQ(0, kivref::DeliverResults(opened.handle, none));
+        EXPECT_EQ(1u, opened.callback->ResultCalls());
+        EXPECT_TRUE(opened.callback->Results().empty());
+        EXPECT_EQ(1, kivref::DeliverResults(opened.handle, {}));
+        EXPECT_TRUE(LogCapture::Contains(
+                SessionError("393 ProcessOfflineResultCb,pCallbackOps OR pResult is NULL!")));
+
+        // An input return ends the call: the record after it is not delivered.
+        KivOfflineResultInfo input = {};
+        KivOfflineResultInfo output = {};
+        KivOfflineCaptureResult records[2] = {};
+        records[0].frameNumber = 5;
+        records[0].pInput = &input;
+        records[1].frameNumber = 6;
+        records[1].pOutput = &output;
+        EXPECT_EQ(0, kivref::DeliverResults(opened.handle, {records[0], records[1]}));
+        EXPECT_EQ(1u, opened.callback->ResultCalls());
+        // A lone output without buffers or metadata is delivered with defaults.
+        EXPECT_EQ(0, kivref::DeliverResults(opened.handle, {records[1]}));
+        EXPECT_TRUE(LogCapture::Contains({ANDROID_LOG_INFO, kSessionTag,
+                                          "238 ProcessOfflineResult, offlineSession return the "
+                                          "input buffer"}));
+        std::vector<ReceivedResult> results = opened.callback->Results();
+        ASSERT_EQ(1u, results.size());
+        EXPECT_EQ(6, results[0].frameNumber);
+        EXPECT_TRUE(results[0].outputBuffers.empty());
+        EXPECT_EQ(0, results[0].partialResult);
+        EXPECT_TRUE(results[0].metadata.empty());
+
+        camera3_notify_msg_t error = {};
+        error.type = CAMERA3_MSG_ERROR;
+        error.message.error.frame_number = 9;
+        error.message.error.error_code = CAMERA3_MSG_ERROR_REQUEST;
+        EXPECT_EQ(0, kivref::DeliverMessages(opened.handle, {error}));
+        std::vector<NotifyMsg> messages = opened.callback->Messages();
+        ASSERT_EQ(1u, messages.size());
+        EXPECT_EQ(9, messages[0].get<NotifyMsg::Tag::error>().frameNumber);
+        EXPECT_EQ(-1, messages[0].get<NotifyMsg::Tag::error>().errorStreamId);
+        std::vector<camera3_notify_msg_t> noMessages;
+        noMessages.reserve(1);
+        EXPECT_EQ(0, kivref::DeliverMessages(opened.handle, noMessages));
+        EXPECT_EQ(1, kivref::DeliverMessages(opened.handle, {}));
+        EXPECT_TRUE(LogCapture::Contains(
+                SessionError("162 ProcessOfflineMessageCb, pCallbackOps OR pMessage is NULL!")));
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+    }
+}
+
+void ASessionWithoutAClientDropsWhatComesBack(ChildScenario& s) {
+    RemoteClient client(s);
+    {
+        // Only a session made in this process can lack a client.
+        auto session = ::ndk::SharedRefBase::make<OfflineCameraAIDLSession>("orphan", nullptr);
+        const uint64_t handle = LastSessionHandle();
+        ASSERT_NE(0u, handle);
+        camera3_notify_msg_t shutter = {};
+        shutter.type = CAMERA3_MSG_SHUTTER;
+        EXPECT_EQ(1, kivref::DeliverMessages(handle, {shutter}));
+        EXPECT_EQ(1, kivref::DeliverResults(handle, {KivOfflineCaptureResult{}}));
+        std::vector<LogLine> lines = LogCapture::Lines(kSessionTag);
+        ASSERT_EQ(3u, lines.size());
+        EXPECT_EQ(SessionError("144 ProcessOfflineMessage, Callback Or Message is NULL! Can not "
+                               "return message to Client"),
+                  lines[1]);
+        EXPECT_EQ(SessionError("372 ProcessOfflineResult, Callback is NULL or result is NULL! Can "
+                               "not return result to Client"),
+                  lines[2]);
+        EXPECT_TRUE(session->closeOfflineSession().isOk());
+    }
+}
+
+TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
+    EXPECT_IN_CHILD(RequestsComeBackAsMessagesAndResults);
+}
+
+TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
+    EXPECT_IN_CHILD(FaultyRequestsAreStillExecuted);
+}
+
+TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
+    EXPECT_IN_CHILD(DeliveriesMadeByTheBackend);
+}
+
+TEST(OfflineProcessingTest, ASessionWithoutAClientDropsWhatComesBack) {
+    EXPECT_IN_CHILD(ASessionWithoutAClientDropsWhatComesBack);
+}
+
+}  // namespace
+}  // namespace offlinecamera::test
