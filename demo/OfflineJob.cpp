@@ -8,6 +8,7 @@
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraSession.h>
 #include <convert.h>
 #include <hostplatform/GrallocTesting.h>
+#include <hostplatform/KivReferenceBackend.h>
 #include <math.h>
 #include <stdio.h>
 #include <string.h>
@@ -234,6 +235,15 @@ CameraMetadata CaptureSettings(int64_t exposureNs, int32_t iso) {
     return Pack(settings);
 }
 
+// The handle of the backend session opened last, from the backend's record of calls.
+uint64_t LastBackendSession() {
+    uint64_t handle = 0;
+    for (const kivref::CallRecord& call : kivref::Calls()) {
+        if (call.slot == kivref::Slot::OpenSession) handle = call.session;
+    }
+    return handle;
+}
+
 int64_t ExposureOf(int request) {
     return (10 + 5 * request) * 1000000LL;
 }
@@ -346,6 +356,9 @@ OfflineJobReport RunOfflineJob(const std::shared_ptr<IOfflineCameraService>& ser
     if (report.failure.empty() && !client->WaitForResults(outputs.size())) {
         report.failure = "results missing after 10 s";
     }
+    // The client has the last result while the service is still finishing that delivery, in
+    // which it frees the buffers that came back; the backend's worker is idle once it has.
+    kivref::WaitIdle(LastBackendSession());
     report.importsAfterResults = android::hostgralloc::liveImportCount();
     CheckResults(client->Results(), outputs, &report);
     report.shutterFrameNumbers = client->Shutters();
