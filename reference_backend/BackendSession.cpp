@@ -3,7 +3,8 @@
  *
  * Backend sessions and their slots. Each session owns a worker thread: executed requests are
  * copied and queued, and the worker reports each one in order through the session's callbacks
- * (shutter, then the returned input buffers, then the output with its result metadata).
+ * (shutter, then the returned input buffers, then the output with its result metadata). The
+ * output buffers hold the mean of the input frames.
  */
 #define LOG_TAG "KivReferenceBackend"
 
@@ -15,6 +16,7 @@
 #include <time.h>
 
 #include "BackendMetadata.h"
+#include "FrameFusion.h"
 #include "ReferenceBackend.h"
 #include "StreamBufferRecord.h"
 
@@ -361,10 +363,36 @@ void BackendSession::SendResult(const KivOfflineCaptureResult& result) {
     }
 }
 
-void BackendSession::FuseInputs(const Request& /*request*/) {
-    // Image processing belongs here: it reads the input frames' buffers and writes the output
-    // buffers before they are returned. The reference backend returns the output buffers as
-    // the caller filled them.
+void BackendSession::FuseInputs(Request& request) {
+    std::vector<StreamBufferRecord> inputs;
+    for (const Frame& frame : request.inputs) {
+        for (const KivStreamBuffer& buffer : frame.buffers) {
+            inputs.emplace_back();
+            ReadStreamBuffer(buffer, &inputs.back());
+        }
+    }
+    for (KivStreamBuffer& buffer : request.output.buffers) {
+        StreamBufferRecord output;
+        ReadStreamBuffer(buffer, &output);
+        if (!IsFusableFormat(output.format)) {
+            ALOGI("session %" PRIu64 ": frame %u: format 0x%x is not fused, output left as is",
+                  mHandle, request.frameNumber, output.format);
+            continue;
+        }
+        size_t fused = 0;
+        FuseStatus status = FuseFrames(inputs, output, &fused);
+        if (status == FuseStatus::Fused) {
+            ALOGI("session %" PRIu64 ": frame %u: %zu of %zu input buffers fused into %ux%u 0x%x",
+                  mHandle, request.frameNumber, fused, inputs.size(), output.width, output.height,
+                  output.format);
+            continue;
+        }
+        ALOGE("session %" PRIu64 ": frame %u: output buffer %p not produced (%s)", mHandle,
+              request.frameNumber, output.handle,
+              status == FuseStatus::NoInputs ? "no matching input" : "lock failed");
+        output.status = CAMERA3_BUFFER_STATUS_ERROR;
+        WriteStreamBuffer(output, &buffer);
+    }
 }
 
 void BackendSession::ReturnInputs(Request& request, int32_t bufferStatus) {
@@ -412,6 +440,7 @@ void BackendSession::Process(Request& request) {
                   request.frameNumber);
         }
     }
+    SetStatus(&request.output.buffers, CAMERA3_BUFFER_STATUS_OK);
     FuseInputs(request);
 
     camera3_notify_msg_t shutter = {};
@@ -423,7 +452,6 @@ void BackendSession::Process(Request& request) {
     ReturnInputs(request, CAMERA3_BUFFER_STATUS_OK);
 
     if (!request.hasOutput) return;
-    SetStatus(&request.output.buffers, CAMERA3_BUFFER_STATUS_OK);
     GiveBack(request.output.metadata);
     KivOfflineResultInfo part = {};
     part.numBuffers = static_cast<uint32_t>(request.output.buffers.size());

@@ -78,8 +78,9 @@ class BackendSession : public std::enable_shared_from_this<BackendSession> {
     bool OnWorkerLocked() const;
     void Process(Request& request);
     void ProcessFlushed(Request& request);
-    // The place for pixel work: the output frame is produced from the input frames here.
-    void FuseInputs(const Request& request);
+    // Writes the mean of the matching input frames into each output buffer; an output that
+    // cannot be produced gets the error status.
+    void FuseInputs(Request& request);
     void ReturnInputs(Request& request, int32_t bufferStatus);
     void Release(Request& request);
     int32_t RunInjected(const Injected& injected);

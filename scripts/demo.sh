@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs the host demo.
+# Sets up, builds and runs the host demo. Usage: scripts/demo.sh [output-dir]
+# The demo writes its PNG files to output-dir (default: build/demo-output).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh"
@@ -7,4 +8,4 @@ bash "$root/scripts/build.sh" "$root/build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/
 # /vendor/... paths of the device resolve below the build's vendor root on host.
 export VORN_VENDOR_ROOT="$root/build/vendor_root"
 exec "$root/build/demo/offline_camera_demo" \
-    "$root/build/vendor.oru.hardware.camera.offlinecamera-impl.so"
+    "$root/build/vendor.oru.hardware.camera.offlinecamera-impl.so" "${1:-$root/build/demo-output}"

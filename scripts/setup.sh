@@ -8,7 +8,7 @@ packages=(
     cmake ninja-build g++ clang
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     android-liblog-dev android-libcutils-dev android-libbase-dev
-    android-platform-system-core-headers
+    android-platform-system-core-headers libpng-dev
     blueprint-tools binutils python3
 )
 packages+=("$@")

@@ -1,11 +1,14 @@
 /*
  * The reference offline backend as the library meets it: the entry point, its tables, scripted
- * slots, metadata handles and sessions that report from their own thread.
+ * slots, metadata handles, sessions that report from their own thread, and the fusion of input
+ * frames into the output.
  */
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <hostplatform/GrallocTesting.h>
 #include <hostplatform/KivReferenceBackend.h>
 #include <string.h>
+#include <ui/GraphicBufferMapper.h>
 
 #include <algorithm>
 #include <mutex>
@@ -422,6 +425,121 @@ TEST_F(BackendSessionTest, ClosingDeliversOrReleasesAndThenStaysSilent) {
     mSession = 0;
     EXPECT_EQ(6u, mClient.Events().size());
     EXPECT_EQ(1u, kivref::LiveKivMetadata());
+}
+
+// ---------------------------------------------------------------------------------------------
+// Fusion
+
+// Y8 buffers of the host mapper, imported as the library imports what a client sends.
+class BackendFusionTest : public BackendSessionTest {
+  protected:
+    static constexpr size_t kMaxBuffers = 6;
+
+    void TearDown() override {
+        BackendSessionTest::TearDown();
+        for (size_t i = 0; i < mCount; i++) {
+            EXPECT_EQ(android::OK, android::GraphicBufferMapper::get().freeBuffer(mImported[i]));
+        }
+        android::hostgralloc::clearFailures();
+    }
+
+    // A new buffer of `stream` whose pixel (x, y) is pattern(x, y) + offset.
+    KivStreamBuffer Image(camera3_stream_t* stream, uint8_t offset) {
+        native_handle_t* raw =
+                android::hostgralloc::allocate(stream->width, stream->height, stream->format, 0x33);
+        EXPECT_NE(nullptr, raw);
+        buffer_handle_t& cell = mImported[mCount++];
+        EXPECT_EQ(android::OK,
+                  android::GraphicBufferMapper::get().importBufferNoValidate(raw, &cell));
+        android::hostgralloc::release(raw);
+        ForEachPixel(cell, stream, [offset](uint32_t x, uint32_t y, uint8_t* pixel) {
+            *pixel = static_cast<uint8_t>(Pattern(x, y) + offset);
+        });
+        camera3_stream_buffer_t hal = {stream, &cell, 0, -1, -1, 0, nullptr};
+        KivStreamBuffer kiv;
+        EXPECT_EQ(0, mCbs->pfnTranslateToKivBuffer(&hal, &kiv));
+        return kiv;
+    }
+
+    static uint8_t Pattern(uint32_t x, uint32_t y) {
+        return static_cast<uint8_t>((x * 3 + y) & 0x7f);
+    }
+
+    template <typename Visit>
+    static void ForEachPixel(buffer_handle_t handle, const camera3_stream_t* stream, Visit visit) {
+        void* address = nullptr;
+        android::GraphicBufferMapper& mapper = android::GraphicBufferMapper::get();
+        ASSERT_EQ(android::OK, mapper.lock(handle, 0x33,
+                                           android::Rect(stream->width, stream->height), &address));
+        uint8_t* pixels = static_cast<uint8_t*>(address);
+        for (uint32_t y = 0; y < stream->height; y++) {
+            for (uint32_t x = 0; x < stream->width; x++)
+                visit(x, y, &pixels[y * stream->width + x]);
+        }
+        EXPECT_EQ(android::OK, mapper.unlock(handle));
+    }
+
+    // Executes one request of the given input frames (one buffer each) into `output`, waits for
+    // its result and gives the output buffer's status.
+    int ExecuteAndWait(std::vector<KivStreamBuffer> frames, KivStreamBuffer output) {
+        std::vector<KivOfflineStreamInfo> inputs;
+        for (KivStreamBuffer& frame : frames) inputs.push_back({1, 0, &frame, 0, nullptr});
+        KivOfflineStreamInfo out = {1, 0, &output, 0, nullptr};
+        uint32_t frameNumber = 0;
+        KivOfflineCaptureRequestInfo request = {static_cast<uint32_t>(inputs.size()),
+                                                0,
+                                                inputs.data(),
+                                                &out,
+                                                0,
+                                                &frameNumber,
+                                                0,
+                                                0};
+        EXPECT_EQ(0, mCbs->pfnExecuteRequest(mSession, &request));
+        EXPECT_TRUE(kivref::WaitIdle(mSession));
+        std::vector<FakeClient::Event> events = mClient.Events();
+        if (events.empty() || events.back().kind != FakeClient::Event::Output ||
+            events.back().statuses.size() != 1) {
+            ADD_FAILURE() << "no output result";
+            return -1;
+        }
+        return events.back().statuses[0];
+    }
+
+    buffer_handle_t mImported[kMaxBuffers] = {};
+    size_t mCount = 0;
+};
+
+TEST_F(BackendFusionTest, OutputIsTheRoundedMeanOfTheMatchingInputs) {
+    mStream.format = HAL_PIXEL_FORMAT_Y8;
+    camera3_stream_t small = mStream;
+    small.width = 32;
+    small.height = 24;
+    // Offsets 0, 41 and 42 average to 27.67: the mean rounds to 28. The smaller frame of
+    // bright pixels does not match the output and is left out.
+    KivStreamBuffer output = Image(&mStream, 0);
+    ASSERT_EQ(CAMERA3_BUFFER_STATUS_OK, ExecuteAndWait({Image(&mStream, 0), Image(&mStream, 41),
+                                                        Image(&small, 200), Image(&mStream, 42)},
+                                                       output));
+    size_t wrong = 0;
+    ForEachPixel(mImported[0], &mStream, [&wrong](uint32_t x, uint32_t y, uint8_t* pixel) {
+        if (*pixel != Pattern(x, y) + 28) wrong++;
+    });
+    EXPECT_EQ(0u, wrong);
+}
+
+TEST_F(BackendFusionTest, LockFailureLeavesTheOutputAndReportsAnError) {
+    mStream.format = HAL_PIXEL_FORMAT_Y8;
+    KivStreamBuffer output = Image(&mStream, 5);
+    std::vector<KivStreamBuffer> frames = {Image(&mStream, 0), Image(&mStream, 9)};
+    // The output is locked first.
+    android::hostgralloc::failNext(android::hostgralloc::Op::Lock, android::NO_MEMORY);
+    EXPECT_EQ(CAMERA3_BUFFER_STATUS_ERROR, ExecuteAndWait(frames, output));
+    android::hostgralloc::clearFailures();
+    size_t changed = 0;
+    ForEachPixel(mImported[0], &mStream, [&changed](uint32_t x, uint32_t y, uint8_t* pixel) {
+        if (*pixel != Pattern(x, y) + 5) changed++;
+    });
+    EXPECT_EQ(0u, changed);
 }
 
 }  // namespace
