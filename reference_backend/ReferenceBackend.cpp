@@ -160,8 +160,7 @@ bool Registry::RemoveMetadataOps(const KivMetadataOps* ops, uint32_t* cameraId) 
     }
     for (auto entry = mMetadata.begin(); entry != mMetadata.end();) {
         const std::shared_ptr<BackendMetadata>& metadata = entry->second;
-        if (metadata->CameraId() == *cameraId && !metadata->OwnedByContext() &&
-            !metadata->Held()) {
+        if (metadata->CameraId() == *cameraId && !metadata->OwnedByContext() && !metadata->Held()) {
             entry = mMetadata.erase(entry);
         } else {
             ++entry;
