@@ -172,6 +172,9 @@ BaselineOfflineSession::~BaselineOfflineSession() {
     for (const Imported& imported : mImported) {
         ::android::GraphicBufferMapper::get().freeBuffer(imported.handle);
     }
+    for (buffer_handle_t handle : mReleased) {
+        ::android::GraphicBufferMapper::get().freeBuffer(handle);
+    }
 }
 
 bool BaselineOfflineSession::Process(const std::vector<OfflineCaptureRequest>& requests) {
@@ -252,8 +255,9 @@ int32_t BaselineOfflineSession::OnResult(const KivOfflineCallbacks* pCallbacks, 
                                          const KivOfflineCaptureResult* pResults) {
     auto* self = static_cast<BaselineOfflineSession*>(pCallbacks->pPrivateData);
     std::vector<CaptureResult> results;
-    std::vector<buffer_handle_t> released;
-    // The backend's buffer records, back in the platform's form.
+    // Buffers given back are freed once a result has gone to the client, so that the client
+    // hears of its result first: input buffers come back alone, before the output.
+    std::vector<buffer_handle_t>& released = self->mReleased;
     auto giveBack = [self, &released](const KivStreamBuffer& kivBuffer, Imported* pImported) {
         camera3_stream_buffer_t halBuffer = {};
         (void)self->mBackend->pfnTranslateFromKivBuffer(&kivBuffer, &halBuffer);
@@ -299,10 +303,12 @@ int32_t BaselineOfflineSession::OnResult(const KivOfflineCallbacks* pCallbacks, 
             (void)self->mMetaOps->pfnDestroyKivMetadata(output.pMetadata);
         }
     }
-    if (!results.empty()) (void)self->mClient->processCaptureResult(results);
+    if (results.empty()) return 0;
+    (void)self->mClient->processCaptureResult(results);
     for (buffer_handle_t handle : released) {
         ::android::GraphicBufferMapper::get().freeBuffer(handle);
     }
+    released.clear();
     return 0;
 }
 

@@ -143,6 +143,9 @@ class BaselineOfflineSession {
     std::vector<Imported> mImported;
     // The handles of the request in flight, where the backend's records were made from.
     buffer_handle_t mHandles[kBuffers] = {};
+    // Buffers the backend gave back, freed after the next result reaches the client. Only the
+    // backend's thread uses it once the session is open.
+    std::vector<buffer_handle_t> mReleased;
 };
 
 }  // namespace offlinecamera::bench
