@@ -13,6 +13,8 @@ namespace offlinecamera::bench {
 namespace {
 
 constexpr int32_t kClearCallsEvery = 256;
+constexpr double kMinSeconds = 1.0;
+constexpr int kRepetitions = 5;
 
 template <typename Session>
 void OfflineRequest(benchmark::State& state) {
@@ -41,19 +43,28 @@ void OfflineRequest(benchmark::State& state) {
 }  // namespace
 
 // Half of the path runs on the backend's thread: the latency is wall-clock time, the work is the
-// CPU time of the whole process.
+// CPU time of the whole process. Thread wake-ups make single runs noisy, hence longer runs and
+// more of them.
 void RegisterOfflineRequestBenchmarks() {
-    benchmark::RegisterBenchmark("BM_OfflineRequest/library", OfflineRequest<LibraryOfflineSession>)
-            ->MeasureProcessCPUTime();
-    benchmark::RegisterBenchmark("BM_OfflineRequest/baseline",
-                                 OfflineRequest<BaselineOfflineSession>)
-            ->MeasureProcessCPUTime();
-    benchmark::RegisterBenchmark("BM_OfflineRequestLatency/library",
-                                 OfflineRequest<LibraryOfflineSession>)
-            ->UseRealTime();
-    benchmark::RegisterBenchmark("BM_OfflineRequestLatency/baseline",
-                                 OfflineRequest<BaselineOfflineSession>)
-            ->UseRealTime();
+    struct Pair {
+        const char* library;
+        const char* baseline;
+        bool latency;
+    };
+    for (const Pair& pair :
+         {Pair{"BM_OfflineRequest/library", "BM_OfflineRequest/baseline", false},
+          Pair{"BM_OfflineRequestLatency/library", "BM_OfflineRequestLatency/baseline", true}}) {
+        for (benchmark::internal::Benchmark* registered :
+             {benchmark::RegisterBenchmark(pair.library, OfflineRequest<LibraryOfflineSession>),
+              benchmark::RegisterBenchmark(pair.baseline, OfflineRequest<BaselineOfflineSession>)}) {
+            registered->MinTime(kMinSeconds)->Repetitions(kRepetitions);
+            if (pair.latency) {
+                registered->UseRealTime();
+            } else {
+                registered->MeasureProcessCPUTime();
+            }
+        }
+    }
 }
 
 }  // namespace offlinecamera::bench
