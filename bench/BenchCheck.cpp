@@ -6,10 +6,14 @@
 #include <gtest/gtest.h>
 #include <hostplatform/KivReferenceBackend.h>
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "BenchSupport.h"
 #include "OfflineCameraService.h"
+#include "OfflineClientSide.h"
+#include "OfflineRequestSupport.h"
 #include "ResourceBalance.h"
 
 namespace offlinecamera::bench {
@@ -132,6 +136,58 @@ TEST_F(BaselineCheck, SessionCycleReachesTheSameBackendEntries) {
               library);
     EXPECT_EQ(library, baseline);
     EXPECT_EQ(sessions, kivref::LiveSessions());
+}
+
+// What one offline request looks like to the client and to the backend (the entries it reached,
+// in the order of the slot numbers).
+struct OfflineSeen {
+    SeenOfflineResult last;
+    size_t results = 0;
+    size_t messages = 0;
+    std::vector<kivref::Slot> slots;
+};
+
+template <typename Session>
+OfflineSeen OneOfflineRequest() {
+    OfflineClient client;
+    OfflineSeen seen;
+    Session session;
+    EXPECT_TRUE(session.Opened());
+    const uint64_t handle = LastBackendSession();
+    kivref::ClearCalls();
+    EXPECT_TRUE(session.Process(client.Request(7)));
+    // Everything the delivery does is done once the backend's worker is idle.
+    EXPECT_TRUE(kivref::WaitIdle(handle));
+    seen.slots = SessionSlots();
+    std::sort(seen.slots.begin(), seen.slots.end());
+    seen.last = session.Client().Last();
+    seen.results = session.Client().Results();
+    seen.messages = session.Client().Messages();
+    return seen;
+}
+
+TEST_F(BaselineCheck, OfflineRequestReachesTheClientAndTheBackendAlike) {
+    const OfflineSeen library = OneOfflineRequest<LibraryOfflineSession>();
+    const OfflineSeen baseline = OneOfflineRequest<BaselineOfflineSession>();
+
+    EXPECT_EQ(1u, library.results);
+    EXPECT_EQ(1u, library.messages);
+    EXPECT_EQ((std::vector<std::pair<int32_t, int64_t>>{
+                      {kOfflineOutputStream, static_cast<int64_t>(kOfflineInputBuffers) + 1}}),
+              library.last.buffers);
+    EXPECT_GT(library.last.metadataBytes, 0u);
+    EXPECT_EQ(library.results, baseline.results);
+    EXPECT_EQ(library.messages, baseline.messages);
+    EXPECT_EQ(library.last.frameNumber, baseline.last.frameNumber);
+    EXPECT_EQ(library.last.buffers, baseline.last.buffers);
+    EXPECT_EQ(library.last.metadataBytes, baseline.last.metadataBytes);
+    // Both import, translate and give back five buffers, convert the settings, make and convert
+    // the result's metadata and destroy both.
+    EXPECT_EQ(10u, std::count(library.slots.begin(), library.slots.end(),
+                              kivref::Slot::TranslateToKivBuffer) +
+                           std::count(library.slots.begin(), library.slots.end(),
+                                      kivref::Slot::TranslateFromKivBuffer));
+    EXPECT_EQ(library.slots, baseline.slots);
 }
 
 }  // namespace

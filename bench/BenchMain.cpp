@@ -17,8 +17,7 @@ int main(int argc, char** argv) {
 
     RegisterBrokeringBenchmarks();
     RegisterSessionBenchmarks();
-    // The offline request and result path (one input frame of 4 buffers plus one output) gets
-    // its group here, RegisterOfflineRequestBenchmarks(), once sessions process requests.
+    RegisterOfflineRequestBenchmarks();
 
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

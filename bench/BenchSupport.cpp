@@ -68,6 +68,10 @@ IOfflineCameraService& Service() {
     return *gService;
 }
 
+const KivOfflineIntfCbs* BaselineBackend() {
+    return gBaselineBackend;
+}
+
 void SilenceLog() {
     __android_log_set_logger(DropLine);
 }

@@ -33,6 +33,9 @@ void SetUpProcess();
 /* The published service as a client in another process reaches it. */
 IOfflineCameraService& Service();
 
+/* The baseline's own backend context, opened as the library opens its own. */
+const KivOfflineIntfCbs* BaselineBackend();
+
 /* Silences liblog while measuring: formatting the lines would dominate otherwise. */
 void SilenceLog();
 /* The default host logger, printing to stderr. */

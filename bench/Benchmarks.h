@@ -10,5 +10,6 @@ namespace offlinecamera::bench {
 
 void RegisterBrokeringBenchmarks();
 void RegisterSessionBenchmarks();
+void RegisterOfflineRequestBenchmarks();
 
 }  // namespace offlinecamera::bench

@@ -19,9 +19,7 @@ namespace convert = ::android::hardware::camera::device::implementation;
 
 namespace {
 
-void Check(bool condition) {
-    if (!condition) __builtin_trap();
-}
+using ::offlinecamera::fuzz::Check;
 
 void WalkAcceptedMetadata(const camera_metadata_t* metadata, size_t size) {
     const size_t count = get_camera_metadata_entry_count(metadata);

@@ -2,7 +2,8 @@
  * Writes the seed corpora of the fuzz targets into the folder given on the command line, one
  * sub-folder per target. Metadata seeds are made with the platform's own metadata functions so
  * that they follow the buffer format of the build they are used with; registration seeds are
- * programs in the encoding of RegistrationProgram.h.
+ * programs in the encoding of RegistrationProgram.h, session seeds inputs in the encodings of
+ * SessionPrograms.h.
  */
 #include <stdint.h>
 #include <stdio.h>
@@ -10,10 +11,12 @@
 #include <system/camera_metadata.h>
 #include <system/camera_metadata_tags.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "RegistrationProgram.h"
+#include "SessionPrograms.h"
 
 namespace {
 
@@ -111,6 +114,156 @@ bool RegistrationSeeds(const std::string& dir) {
     return ok;
 }
 
+/* An input being written: bytes and little-endian values. */
+class Seed {
+  public:
+    Seed& Bytes(std::initializer_list<uint8_t> bytes) {
+        mBytes.insert(mBytes.end(), bytes);
+        return *this;
+    }
+    Seed& Value(uint64_t value, int bytes) {
+        for (int i = 0; i < bytes; i++) mBytes.push_back(static_cast<uint8_t>(value >> (8 * i)));
+        return *this;
+    }
+    Seed& Text(const std::string& text) {
+        mBytes.push_back(static_cast<uint8_t>(text.size()));
+        mBytes.insert(mBytes.end(), text.begin(), text.end());
+        return *this;
+    }
+    bool Write(const std::string& path) const {
+        return WriteFile(path, mBytes.data(), mBytes.size());
+    }
+
+  private:
+    std::vector<uint8_t> mBytes;
+};
+
+template <typename Enum>
+uint8_t B(Enum value) {
+    return static_cast<uint8_t>(value);
+}
+
+// Stream choices by index: kStreamChoices of SessionPrograms.h.
+constexpr uint8_t kInput = 0;
+constexpr uint8_t kOutput = 1;
+constexpr uint8_t kInvalidStream = 3;
+constexpr uint8_t kUnconfigured = 4;
+// Handle choices: 0 valid, 5 empty, 7 foreign.
+constexpr uint8_t kValidHandle = 0;
+constexpr uint8_t kEmptyHandle = 5;
+constexpr uint8_t kForeignHandle = 7;
+
+bool RequestSeeds(const std::string& dir) {
+    bool ok = true;
+    // One request of two input frames (settings in the first) and one output, delivered.
+    Seed burst;
+    burst.Bytes({B(ConfigurationChoice::kStandard), B(RequestOp::kRequests), 1})
+            .Value(7, 4)
+            .Bytes({2, 1, kInput, 1, kValidHandle, 0, B(SettingsChoice::kValid)})
+            .Bytes({1, kInput, 2, kValidHandle, 0, B(SettingsChoice::kEmpty)})
+            .Bytes({1, kOutput, 3, kValidHandle, 0, B(RequestOp::kWaitIdle)});
+    ok &= burst.Write(dir + "/burst");
+
+    // Held by the backend: an invalid buffer before a good one, an output used again before it
+    // came back, an empty handle and a foreign one, garbage settings; the client dies first.
+    Seed faults;
+    faults.Bytes({static_cast<uint8_t>(B(ConfigurationChoice::kStandardTwice) | 0x04 |
+                                       (B(SessionEnd::kDieThenClose) << 3)),
+                  B(RequestOp::kRequests), 2})
+            .Value(1, 4)
+            .Bytes({1, 2, kInvalidStream, 0, kValidHandle, 0, kInput, 4, kValidHandle, 1,
+                    B(SettingsChoice::kGarbage), 3, 1, 2, 3})
+            .Bytes({2, kOutput, 5, kValidHandle, 0, kUnconfigured, 6, kEmptyHandle, 0})
+            .Value(2, 4)
+            .Bytes({1, 1, kInput, 7, kForeignHandle, 0, B(SettingsChoice::kTruncated), 9})
+            .Bytes({1, kOutput, 5, kValidHandle, 0})
+            .Bytes({B(RequestOp::kFlush), B(RequestOp::kToggleDelivery)});
+    ok &= faults.Write(dir + "/faults");
+
+    // Never configured, delivery off, dropped without closing.
+    Seed dropped;
+    dropped.Bytes({static_cast<uint8_t>(B(ConfigurationChoice::kNone) | 0x04 |
+                                        (B(SessionEnd::kDrop) << 3)),
+                   B(RequestOp::kRequests), 1})
+            .Value(3, 4)
+            .Bytes({1, 1, kInput, 1, kValidHandle, 0, B(SettingsChoice::kValid)})
+            .Bytes({1, kOutput, 2, kValidHandle, 0});
+    ok &= dropped.Write(dir + "/dropped");
+    return ok;
+}
+
+// One stream of a configuration.
+void ConfiguredStream(Seed& seed, uint8_t id, uint8_t type, uint16_t width, uint16_t height) {
+    seed.Bytes({id, type}).Value(width, 2).Value(height, 2);
+    seed.Value(0x20203859, 4)  // Y8
+            .Value(0x3, 8)
+            .Value(0, 4)
+            .Bytes({0})
+            .Text("")
+            .Value(0, 4)
+            .Bytes({0})
+            .Value(1, 8)
+            .Bytes({0, 0});
+}
+
+bool ConfigurationSeeds(const std::string& dir) {
+    bool ok = true;
+    // An input and an output stream with session parameters, then the output alone on camera
+    // "1" in the high-speed mode, then no streams with garbage parameters.
+    Seed again;
+    again.Text("0").Bytes({2});
+    ConfiguredStream(again, 1, 1, 8, 4);
+    ConfiguredStream(again, 2, 0, 8, 4);
+    again.Value(0, 4).Bytes({0, B(SettingsChoice::kValid), B(AfterOp::kFlush)});
+    again.Text("1").Bytes({1});
+    ConfiguredStream(again, 2, 0, 16, 8);
+    again.Value(1, 4).Bytes({0, B(SettingsChoice::kEmpty), B(AfterOp::kDump)});
+    again.Text("front").Bytes({0}).Value(0xffffffff, 4).Bytes({0xc0}).Value(0x77, 4);
+    again.Bytes({B(SettingsChoice::kGarbage), 4, 1, 2, 3, 4, B(AfterOp::kNothing)});
+    ok &= again.Write(dir + "/reconfigure");
+    return ok;
+}
+
+void CachedBuffer(Seed& seed, uint8_t index) {
+    seed.Bytes({B(BufferChoice::kCached), index, 0});
+}
+
+bool RecordSeeds(const std::string& dir) {
+    bool ok = true;
+    // The first request's inputs come back alone, then its outputs with live metadata, then
+    // the backend delivers what it holds (the first request again, found no more).
+    Seed inOrder;
+    inOrder.Bytes({B(RecordOp::kResults), 1, B(PartChoice::kInput)}).Value(1000, 4).Bytes({2});
+    CachedBuffer(inOrder, 0);
+    CachedBuffer(inOrder, 1);
+    inOrder.Value(0, 4).Bytes({B(MetadataChoice::kNone)});
+    inOrder.Bytes({B(RecordOp::kResults), 1, B(PartChoice::kOutput)}).Value(1000, 4).Bytes({2});
+    CachedBuffer(inOrder, 2);
+    CachedBuffer(inOrder, 3);
+    inOrder.Value(1, 4).Bytes({B(MetadataChoice::kLive)});
+    inOrder.Bytes({B(RecordOp::kMessages), 2, 0}).Value(1001, 4).Bytes({3, 1});
+    inOrder.Bytes({1}).Value(1001, 4).Value(123456, 8);
+    inOrder.Bytes({B(RecordOp::kDeliverHeld)});
+    ok &= inOrder.Write(dir + "/in-order");
+
+    // A buffer the session never saw withholds the call's results; arbitrary bytes, a
+    // buffer without a stream, garbage metadata; an input return ends the call early.
+    Seed faults;
+    faults.Bytes({B(RecordOp::kResults), 3, B(PartChoice::kOutput)}).Value(5, 4).Bytes({2});
+    CachedBuffer(faults, 2);
+    faults.Bytes({B(BufferChoice::kUnknownHandle), 1, 0}).Value(1, 4);
+    faults.Bytes({B(MetadataChoice::kLive), B(PartChoice::kInput)}).Value(6, 4).Bytes({1});
+    faults.Bytes({B(BufferChoice::kNoStream), 0, 0}).Value(0, 4);
+    faults.Bytes({B(MetadataChoice::kGarbage), B(PartChoice::kBoth)}).Value(7, 4).Bytes({1});
+    faults.Bytes({B(BufferChoice::kArbitrary)});
+    for (size_t i = 0; i < kKivStreamBufferBytes; i++) faults.Bytes({static_cast<uint8_t>(i)});
+    faults.Value(1, 4).Bytes({B(MetadataChoice::kLive), 0x80, 0}).Value(0, 4);
+    faults.Bytes({B(MetadataChoice::kNone), B(RecordOp::kFlush), B(RecordOp::kRequest),
+                  B(RecordOp::kResults), 0x80, B(RecordOp::kMessages), 0x80});
+    ok &= faults.Write(dir + "/faults");
+    return ok;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -131,6 +284,20 @@ int main(int argc, char** argv) {
     if (!RegistrationSeeds(registrationDir)) {
         fprintf(stderr, "could not write the registration seeds\n");
         return 1;
+    }
+    struct {
+        const char* target;
+        bool (*write)(const std::string& dir);
+    } const sessionSeeds[] = {{"session_requests", RequestSeeds},
+                              {"session_configuration", ConfigurationSeeds},
+                              {"backend_records", RecordSeeds}};
+    for (const auto& seeds : sessionSeeds) {
+        const std::string dir = root + "/" + seeds.target;
+        mkdir(dir.c_str(), 0755);
+        if (!seeds.write(dir)) {
+            fprintf(stderr, "could not write the %s seeds\n", seeds.target);
+            return 1;
+        }
     }
     return 0;
 }

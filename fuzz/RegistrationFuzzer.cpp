@@ -65,6 +65,7 @@ using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureResult
 using ::android::hardware::camera::device::implementation::convertToAidl;
 namespace hostgralloc = ::android::hostgralloc;
 
+using ::offlinecamera::fuzz::Check;
 using ::offlinecamera::fuzz::kNumClients;
 using ::offlinecamera::fuzz::kNumIds;
 using ::offlinecamera::fuzz::RegistrationOp;
@@ -73,10 +74,6 @@ constexpr const int32_t (&kIds)[kNumIds] = ::offlinecamera::fuzz::kClientIds;
 
 constexpr size_t kMaxOps = 64;
 constexpr size_t kLentRoom = 32;
-
-void Check(bool condition) {
-    if (!condition) __builtin_trap();
-}
 
 struct ReplyScript {
     Reply reply = Reply::kLend;
@@ -164,18 +161,10 @@ class FuzzClient : public BnOfflineClientCallback {
 }
 
 /* Reads the program; past its end every byte reads as zero. */
-class Program {
+class Program : public ::offlinecamera::fuzz::ByteReader {
   public:
-    Program(const uint8_t* data, size_t size) : mData(data), mSize(size) {}
-    bool Done() const { return mPos >= mSize; }
-    uint8_t Next() { return mPos < mSize ? mData[mPos++] : 0; }
-    size_t IdIndex() { return Next() % kNumIds; }
-    size_t Below(size_t n) { return Next() % n; }
-
-  private:
-    const uint8_t* mData;
-    size_t mSize;
-    size_t mPos = 0;
+    using ByteReader::ByteReader;
+    size_t IdIndex() { return Below(kNumIds); }
 };
 
 /* Output streams of the HAL's configuration; all formats are ones the allocator knows. */

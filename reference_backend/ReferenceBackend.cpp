@@ -408,6 +408,10 @@ int32_t TranslateToKivBuffer(const camera3_stream_buffer_t* halBuffer, KivStream
     record.slot = Slot::TranslateToKivBuffer;
     record.pointer = halBuffer;
     record.result = kivBuffer;
+    if (halBuffer != nullptr) {
+        record.handle = halBuffer->buffer != nullptr ? *halBuffer->buffer : nullptr;
+        record.streams.push_back(halBuffer->stream);
+    }
     int32_t status = 0;
     if (halBuffer == nullptr || kivBuffer == nullptr || Reg().IsFailing(record.slot)) {
         status = -1;

@@ -5,10 +5,12 @@
  * has not grown.
  *
  * One round plays three consumer clients, each with a producer asking it for 2 streams of 3
- * buffers that come back last lent first, and every fifth round a session client. Some clients
- * die: a client that dies while the HAL holds its buffers leaves them imported until the same
- * client id registers again and the HAL hands them back to it, as a HAL does after a consumer
- * restart.
+ * buffers that come back last lent first, and every fifth round a session client, which
+ * configures an input and an output stream and sends requests of several input frames and one
+ * output buffer, whose results come back from the backend's thread. Some clients die: a client
+ * that dies while the HAL holds its buffers leaves them imported until the same client id
+ * registers again and the HAL hands them back to it, as a HAL does after a consumer restart; a
+ * session client that dies does so while its results may still be on their way.
  *
  * SOAK_ITERATIONS sets the number of rounds after the warm-up (default kDefaultRounds, a few
  * seconds here, also with the sanitizers):
@@ -32,6 +34,7 @@
 
 #include "BrokeringTestSupport.h"
 #include "OfflineCameraService.h"
+#include "OfflineClientSide.h"
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 #define SOAK_SANITIZER_HEAP 1
@@ -47,8 +50,12 @@
 namespace offlinecamera::test {
 namespace {
 
+using ::aidl::android::hardware::camera::device::StreamConfigurationMode;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
 
 constexpr uint32_t kDefaultRounds = 1000;
 // Enough rounds to pass through every client and session fate a few times before measuring.
@@ -59,6 +66,14 @@ constexpr size_t kClientsPerRound = 3;
 constexpr int32_t kClientIds = 7;
 constexpr uint32_t kBuffersPerStream = 3;
 constexpr size_t kLentPerRequest = 2 * kBuffersPerStream;
+// A session client's requests: several input frames of one buffer each (the settings in the
+// first) and one output buffer, all small, so that the backend's pixel work stays short.
+constexpr size_t kRequestsPerSession = 4;
+constexpr size_t kFramesPerRequest = 3;
+constexpr int32_t kSessionInputStream = 1;
+constexpr int32_t kSessionOutputStream = 2;
+constexpr uint32_t kSessionWidth = 16;
+constexpr uint32_t kSessionHeight = 8;
 // The heap may move a little (allocator bins, a vector's capacity reached later), but a leak of
 // even one small record per round trip over thousands of rounds exceeds this by far.
 constexpr size_t kHeapTolerance = 64 * 1024;
@@ -130,6 +145,33 @@ SessionFate SessionFateOf(uint32_t session) {
     }
 }
 
+OfflineSessionConfiguration SessionConfiguration() {
+    OfflineSessionConfiguration config;
+    config.cameraId = "0";
+    config.streams = {OfflineStream(kSessionInputStream, StreamType::INPUT, kSessionWidth,
+                                    kSessionHeight, PixelFormat::Y8),
+                      OfflineStream(kSessionOutputStream, StreamType::OUTPUT, kSessionWidth,
+                                    kSessionHeight, PixelFormat::Y8)};
+    config.operationMode = StreamConfigurationMode::NORMAL_MODE;
+    return config;
+}
+
+OfflineCaptureRequest SessionRequest(int32_t frameNumber, int64_t firstBufferId) {
+    OfflineCaptureRequest request;
+    request.frameNumber = frameNumber;
+    int64_t bufferId = firstBufferId;
+    for (size_t i = 0; i < kFramesPerRequest; i++) {
+        OfflineInputFrame frame;
+        frame.inputBuffers.push_back(ClientBuffer(kSessionInputStream, bufferId++, kSessionWidth,
+                                                  kSessionHeight, HAL_PIXEL_FORMAT_Y8));
+        if (i == 0) frame.settings.metadata = CaptureSettings(1000 + frameNumber, 100);
+        request.inputFrames.push_back(std::move(frame));
+    }
+    request.outputBuffers.push_back(ClientBuffer(kSessionOutputStream, bufferId, kSessionWidth,
+                                                 kSessionHeight, HAL_PIXEL_FORMAT_Y8));
+    return request;
+}
+
 class Soak {
   public:
     explicit Soak(IOfflineCameraService& service) : mService(service) {}
@@ -163,6 +205,8 @@ class Soak {
     uint32_t Clients() const { return mClients; }
     uint32_t Sessions() const { return mSessions; }
     uint32_t RoundTrips() const { return mRoundTrips; }
+    uint32_t SessionRequests() const { return mSessionRequests; }
+    size_t SessionResults() const { return mSessionResults; }
 
   private:
     // Buffers of a dead client, in the order the HAL hands them back, with the producer record
@@ -278,11 +322,36 @@ class Soak {
         EXPECT_TRUE(mService.unRegisterClient(id).isOk());
     }
 
+    // Configures the session and sends its requests. A client that is going to die does so
+    // right after, with its results possibly still on their way; the others wait for them.
+    void Process(IOfflineCameraSession& session, uint64_t handle,
+                 const CountingSessionCallback& callback, bool clientDies) {
+        EXPECT_TRUE(session.configureOfflineSession(SessionConfiguration()).isOk());
+        int64_t bufferId = 1;
+        for (size_t i = 0; i < kRequestsPerSession; i++) {
+            std::vector<OfflineCaptureRequest> requests;
+            requests.push_back(SessionRequest(static_cast<int32_t>(i), bufferId));
+            bufferId += kFramesPerRequest + 1;
+            int32_t frameNumber = -1;
+            EXPECT_TRUE(session.processOfflineRequest(requests, &frameNumber).isOk());
+            EXPECT_NE(-1, frameNumber);
+            mSessionRequests++;
+        }
+        if (clientDies) return;
+        EXPECT_TRUE(kivref::WaitIdle(handle));
+        EXPECT_EQ(kRequestsPerSession, callback.mResults.load());
+        EXPECT_EQ(kRequestsPerSession, callback.mMessages.load());
+        mSessionResults += callback.mResults;
+    }
+
     void Session(SessionFate fate) {
-        RemoteSessionCallback callback = RemoteSessionCallback::Make();
+        auto callbackObject = ::ndk::SharedRefBase::make<CountingSessionCallback>();
+        ::ndk::SpAIBinder callbackBinder = callbackObject->asBinder();
+        ::ndk::host::setRemote(callbackBinder.get(), true);
         std::shared_ptr<IOfflineCameraSession> opened;
-        ASSERT_TRUE(mService.openOfflineSeesion("soak", callback.object, &opened).isOk());
+        ASSERT_TRUE(mService.openOfflineSeesion("soak", callbackObject, &opened).isOk());
         ASSERT_NE(nullptr, opened);
+        const uint64_t handle = LastBackendSession();
         // The client holds the session through a proxy, as from another process.
         ::ndk::SpAIBinder sessionBinder = opened->asBinder();
         ::ndk::host::setRemote(sessionBinder.get(), true);
@@ -296,9 +365,10 @@ class Soak {
         flush.flushFlags = static_cast<int32_t>(mSessions % 4);
         EXPECT_TRUE(session->flushOfflineSession(flush).isOk());
         EXPECT_TRUE(session->dumpOfflineSession().isOk());
-        if (fate == SessionFate::kDiesThenCloses || fate == SessionFate::kDiesThenDrops) {
-            ::ndk::host::kill(callback.binder.get());
-        }
+        const bool dies =
+                fate == SessionFate::kDiesThenCloses || fate == SessionFate::kDiesThenDrops;
+        Process(*session, handle, *callbackObject, dies);
+        if (dies) ::ndk::host::kill(callbackBinder.get());
         if (fate == SessionFate::kCloses || fate == SessionFate::kDiesThenCloses) {
             EXPECT_TRUE(session->closeOfflineSession().isOk());
         }
@@ -317,6 +387,8 @@ class Soak {
     uint32_t mClients = 0;
     uint32_t mSessions = 0;
     uint32_t mRoundTrips = 0;
+    uint32_t mSessionRequests = 0;
+    size_t mSessionResults = 0;
     uint32_t mFrame = 1;
 };
 
@@ -335,8 +407,10 @@ void LongRunGivesEverythingBack(Scenario& s) {
     const size_t endResident = ResidentBytes();
     const ProcessCounts end = ProcessCounts::Take();
 
-    printf("rounds: %u after %u of warm-up; %u consumer clients, %u round trips, %u sessions\n",
-           rounds, kWarmUpRounds, soak.Clients(), soak.RoundTrips(), soak.Sessions());
+    printf("rounds: %u after %u of warm-up; %u consumer clients, %u round trips, %u sessions "
+           "with %u requests of %zu input frames (%zu results to clients that stayed)\n",
+           rounds, kWarmUpRounds, soak.Clients(), soak.RoundTrips(), soak.Sessions(),
+           soak.SessionRequests(), kFramesPerRequest, soak.SessionResults());
     printf("start: %s\nend:   %s\n", start.ToString().c_str(), end.ToString().c_str());
     printf("heap in use after warm-up %zu bytes, at the end %zu bytes (%+ld)\n", warmHeap, endHeap,
            static_cast<long>(endHeap) - static_cast<long>(warmHeap));

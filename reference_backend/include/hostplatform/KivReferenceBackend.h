@@ -78,7 +78,8 @@ enum class Slot : uint32_t {
 //   Flush                   session, ints[0] flushFlags
 //   OpenMetadataOps         table, cameraId, result the metadata table
 //   GetBufferOps            table, result the buffer table
-//   TranslateToKivBuffer    pointer the camera3 buffer, result the KivStreamBuffer
+//   TranslateToKivBuffer    pointer the camera3 buffer, result the KivStreamBuffer, handle
+//                           the buffer's handle value, streams its stream pointer
 //   TranslateFromKivBuffer  pointer the KivStreamBuffer, result the camera3 buffer
 //   MetaClose               table, cameraId
 //   CreateKivMetadata       table, cameraId, ints[0] count, pointer pTags, handle = result
