@@ -253,13 +253,17 @@ KivMetadataHandle OfflineCameraAIDLSession::convertToOfflineMetadata(const Camer
         info.reserved2 = 0;
 
         std::vector<buffer_handle_t*> locations;
+        const int32_t failure = convertAndImportBuffer(request, locations);
+        // Metadata made for a request goes to the backend inside the entries; without them it
+        // would be lost, so a request whose entries could not be allocated is not converted.
+        const bool haveEntries =
+                (info.numInputs == 0 || info.pInputs != nullptr) && info.pOutput != nullptr;
         // A failed request still goes to the backend, with its entries left empty.
-        if (convertAndImportBuffer(request, locations) == 0) {
+        if (failure == 0 && haveEntries) {
             size_t next = 0;
             for (size_t i = 0; i < request.inputFrames.size(); i++) {
                 const OfflineInputFrame& frame = request.inputFrames[i];
-                KivOfflineStreamInfo unused = {};
-                KivOfflineStreamInfo* pInput = info.pInputs != nullptr ? &info.pInputs[i] : &unused;
+                KivOfflineStreamInfo* pInput = &info.pInputs[i];
                 convertBuffers(frame.inputBuffers, locations, &next, 617, 627, pInput);
                 const CameraMetadata* pSettings = &frame.settings;
                 if (pSettings->metadata.empty()) {
@@ -272,11 +276,9 @@ KivMetadataHandle OfflineCameraAIDLSession::convertToOfflineMetadata(const Camer
                 }
                 pInput->pMetadata = convertToOfflineMetadata(*pSettings);
             }
-            KivOfflineStreamInfo unused = {};
-            KivOfflineStreamInfo* pOutput = info.pOutput != nullptr ? info.pOutput : &unused;
-            convertBuffers(request.outputBuffers, locations, &next, 669, 680, pOutput);
+            convertBuffers(request.outputBuffers, locations, &next, 669, 680, info.pOutput);
             // Empty result metadata for the backend to fill.
-            pOutput->pMetadata = pService->CreateKivMetaData(mFrameworkCameraId, nullptr, 0);
+            info.pOutput->pMetadata = pService->CreateKivMetaData(mFrameworkCameraId, nullptr, 0);
         }
 
         (void)pService->ExecuteRequest(mKivSessionHandle, &info);

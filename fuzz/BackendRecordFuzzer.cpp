@@ -263,8 +263,6 @@ void RecordProgram::Run() {
                 Messages();
                 break;
             case RecordOp::kDeliverHeld:
-                // Delivery goes off again only once the worker has settled (see
-                // SessionRequestFuzzer.cpp).
                 kivref::SetAutoDeliver(true);
                 Check(kivref::WaitIdle(mClient.Handle()));
                 kivref::SetAutoDeliver(false);

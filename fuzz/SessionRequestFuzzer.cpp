@@ -27,10 +27,6 @@ namespace {
 
 using namespace ::offlinecamera::fuzz;
 
-// Vendor allocation failures are injected only with FUZZ_FAIL_ALLOCATIONS=1 in the environment:
-// a request whose input or output entry cannot be allocated leaves backend metadata behind.
-bool gFailAllocations = false;
-
 class RequestProgram {
   public:
     RequestProgram(const uint8_t* data, size_t size) : mInput(data, size) {}
@@ -137,9 +133,6 @@ void RequestProgram::Play(uint8_t header) {
                 Check(client.Session().flushOfflineSession(OfflineFlushInfo()).isOk());
                 break;
             case RequestOp::kToggleDelivery:
-                // The backend's worker is let settle before delivery stops: it ends when the
-                // setting goes off while it wakes up for a request.
-                if (autoDeliver) Check(kivref::WaitIdle(client.Handle()));
                 autoDeliver = !autoDeliver;
                 kivref::SetAutoDeliver(autoDeliver);
                 break;
@@ -149,7 +142,7 @@ void RequestProgram::Play(uint8_t header) {
                 break;
             case RequestOp::kFailAllocation: {
                 const int successes = static_cast<int>(mInput.Below(16));
-                if (gFailAllocations) Vorn::Host::FailAllocations(successes);
+                Vorn::Host::FailAllocations(successes);
                 break;
             }
         }
@@ -167,8 +160,6 @@ void RequestProgram::Play(uint8_t header) {
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    const char* failAllocations = getenv("FUZZ_FAIL_ALLOCATIONS");
-    gFailAllocations = failAllocations != nullptr && strcmp(failAllocations, "1") == 0;
     SetUpSessionProcess();
     return 0;
 }

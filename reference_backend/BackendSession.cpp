@@ -147,6 +147,8 @@ void BackendSession::Run() {
             mChanged.notify_all();
             continue;
         }
+        // Woken for a change that left nothing to do (automatic delivery turned off again).
+        if (!mStopping) continue;
         // Stopping with nothing left to deliver: what is still held goes without callbacks.
         std::deque<Request> held = std::move(mRequests);
         mRequests.clear();

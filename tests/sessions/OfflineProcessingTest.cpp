@@ -71,8 +71,8 @@ class RecordingCallback : public BnOfflineCameraSessionCallback {
         std::lock_guard<std::mutex> lock(mLock);
         mResultCalls++;
         for (const CaptureResult& result : results) {
-            ReceivedResult received{result.frameNumber, result.partialResult,
-                                    result.result.metadata, {}};
+            ReceivedResult received{
+                    result.frameNumber, result.partialResult, result.result.metadata, {}};
             for (const StreamBuffer& buffer : result.outputBuffers) {
                 received.outputBuffers.push_back({buffer.streamId, buffer.bufferId, buffer.status,
                                                   !buffer.buffer.fds.empty()});
@@ -130,8 +130,8 @@ StreamBuffer MakeBuffer(int32_t streamId, int64_t bufferId) {
     buffer.streamId = streamId;
     buffer.bufferId = bufferId;
     buffer.status = BufferStatus::OK;
-    native_handle_t* handle = android::hostgralloc::allocate(kWidth, kHeight, HAL_PIXEL_FORMAT_Y8,
-                                                             0x3);
+    native_handle_t* handle =
+            android::hostgralloc::allocate(kWidth, kHeight, HAL_PIXEL_FORMAT_Y8, 0x3);
     buffer.buffer = ::android::hardware::camera::device::implementation::convertToAidl(handle);
     android::hostgralloc::release(handle);
     return buffer;
@@ -461,6 +461,7 @@ void FaultyRequestsAreStillExecuted(ChildScenario& s) {
         kivref::SetAutoDeliver(false);
         LogCapture::Clear();
         kivref::ClearCalls();
+        const size_t metadataBefore = kivref::LiveKivMetadata();
 
         EXPECT_EQ(1000, opened.Process(MakeRequest(1, 5, 1, 6)));
         // Output buffer 6 has not come back yet: the request is not converted, but executed.
@@ -476,9 +477,14 @@ void FaultyRequestsAreStillExecuted(ChildScenario& s) {
                 "548 convertAndImportBuffer: invalid streamId in inputBuffer (-1), bufferId (8)")));
         // An output on a stream that was never configured.
         EXPECT_EQ(1003, opened.Process(MakeRequest(4, 11, 1, 12, 9)));
+        // The output entry cannot be allocated: executed without conversion, nothing is lost.
+        Vorn::Host::FailAllocations(1);
+        EXPECT_EQ(1004, opened.Process(MakeRequest(5, 13, 1, 14)));
+        Vorn::Host::ClearAllocationFailures();
 
         std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
-        ASSERT_EQ(4u, executed.size());
+        ASSERT_EQ(5u, executed.size());
+        EXPECT_EQ(0, executed[4].ints[1]);
         EXPECT_EQ(1, executed[0].ints[1]);
         EXPECT_EQ(0, executed[1].ints[1]);
         EXPECT_EQ(1, executed[2].ints[1]);
@@ -486,9 +492,13 @@ void FaultyRequestsAreStillExecuted(ChildScenario& s) {
 
         kivref::SetAutoDeliver(true);
         ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+        // Every settings and result metadata made for the requests came back and was destroyed.
+        EXPECT_EQ(metadataBefore, kivref::LiveKivMetadata());
         std::vector<ReceivedResult> results = opened.callback->Results();
         ASSERT_EQ(3u, results.size());
         ASSERT_NE(nullptr, opened.ResultOf(results, 1000));
+        // Without an output entry the backend has nothing to give back.
+        EXPECT_EQ(nullptr, opened.ResultOf(results, 1004));
         // The unconverted request has an output without buffers and without metadata.
         const ReceivedResult* unconverted = opened.ResultOf(results, 1001);
         ASSERT_NE(nullptr, unconverted);
