@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "OfflineCameraAIDLSession.h"
+#include "OfflineClientSide.h"
 #include "RemoteSessionClient.h"
 
 namespace offlinecamera::test {
@@ -104,37 +105,15 @@ class RecordingCallback : public BnOfflineCameraSessionCallback {
 };
 
 Stream MakeStream(int32_t id, StreamType type) {
-    Stream stream;
-    stream.id = id;
-    stream.streamType = type;
-    stream.width = kWidth;
-    stream.height = kHeight;
-    stream.format = PixelFormat::Y8;
-    stream.usage = BufferUsage::CPU_READ_OFTEN;
-    return stream;
+    return clientside::OfflineStream(id, type, kWidth, kHeight, PixelFormat::Y8);
 }
 
-// Capture settings as a client serialises them.
 std::vector<uint8_t> Settings() {
-    camera_metadata_t* metadata = allocate_camera_metadata(1, 8);
-    add_camera_metadata_entry(metadata, ANDROID_SENSOR_EXPOSURE_TIME, &kExposureNs, 1);
-    const uint8_t* bytes = reinterpret_cast<const uint8_t*>(metadata);
-    std::vector<uint8_t> copy(bytes, bytes + get_camera_metadata_size(metadata));
-    free_camera_metadata(metadata);
-    return copy;
+    return clientside::CaptureSettings(kExposureNs, 100);
 }
 
-// A buffer the client allocated, as it travels in a request.
 StreamBuffer MakeBuffer(int32_t streamId, int64_t bufferId) {
-    StreamBuffer buffer;
-    buffer.streamId = streamId;
-    buffer.bufferId = bufferId;
-    buffer.status = BufferStatus::OK;
-    native_handle_t* handle =
-            android::hostgralloc::allocate(kWidth, kHeight, HAL_PIXEL_FORMAT_Y8, 0x3);
-    buffer.buffer = ::android::hardware::camera::device::implementation::convertToAidl(handle);
-    android::hostgralloc::release(handle);
-    return buffer;
+    return clientside::ClientBuffer(streamId, bufferId, kWidth, kHeight, HAL_PIXEL_FORMAT_Y8);
 }
 
 // A request of one input buffer per frame (ids from firstInputId on), settings in the first
