@@ -300,7 +300,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     MetadataOpsHold hold({0});
-    const SessionCounts start = SessionCounts::Take();
+    const auto start = ::offlinecamera::test::ProcessCounts::Take();
     RecordProgram(data, size).Run();
     kivref::ClearCalls();
     CheckGivenBack(start);

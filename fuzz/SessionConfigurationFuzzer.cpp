@@ -91,7 +91,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const SessionCounts start = SessionCounts::Take();
+    const auto start = ::offlinecamera::test::ProcessCounts::Take();
     Run(data, size);
     kivref::ClearCalls();
     CheckGivenBack(start);

@@ -43,38 +43,10 @@ void SetUpSessionProcess() {
     Check(gService != nullptr);
 }
 
-SessionCounts SessionCounts::Take() {
-    SessionCounts counts;
-    counts.fds = CountOpenFds();
-    counts.imports = ::android::hostgralloc::liveImportCount();
-    counts.vornAllocations = Vorn::Host::LiveAllocations();
-    counts.kivMetadata = kivref::LiveKivMetadata();
-    counts.androidMetadata = kivref::LiveAndroidMetadata();
-    counts.metadataOps = kivref::OpenMetadataOps();
-    counts.backendSessions = kivref::LiveSessions();
-    counts.binders = ::ndk::host::liveBinderCount();
-    counts.recipients = ::ndk::host::deathRecipientCount();
-    return counts;
-}
-
-bool SessionCounts::operator==(const SessionCounts& o) const {
-    return fds == o.fds && imports == o.imports && vornAllocations == o.vornAllocations &&
-           kivMetadata == o.kivMetadata && androidMetadata == o.androidMetadata &&
-           metadataOps == o.metadataOps && backendSessions == o.backendSessions &&
-           binders == o.binders && recipients == o.recipients;
-}
-
-void CheckGivenBack(const SessionCounts& start) {
-    const SessionCounts end = SessionCounts::Take();
+void CheckGivenBack(const ::offlinecamera::test::ProcessCounts& start) {
+    const ::offlinecamera::test::ProcessCounts end = ::offlinecamera::test::ProcessCounts::Take();
     if (end == start) return;
-    for (const SessionCounts* counts : {&start, &end}) {
-        fprintf(stderr,
-                "%s: fds=%zu imports=%zu vorn=%zu kivMeta=%zu androidMeta=%zu metaOps=%zu "
-                "sessions=%zu binders=%zu recipients=%zu\n",
-                counts == &start ? "start" : "end  ", counts->fds, counts->imports,
-                counts->vornAllocations, counts->kivMetadata, counts->androidMetadata,
-                counts->metadataOps, counts->backendSessions, counts->binders, counts->recipients);
-    }
+    fprintf(stderr, "start: %s\nend:   %s\n", start.ToString().c_str(), end.ToString().c_str());
     Check(false);
 }
 

@@ -22,6 +22,7 @@
 
 #include "FuzzSupport.h"
 #include "OfflineClientSide.h"
+#include "ProcessCounts.h"
 
 namespace offlinecamera::fuzz {
 
@@ -46,24 +47,8 @@ constexpr int32_t kHeight = 4;
  */
 void SetUpSessionProcess();
 
-/* Everything an input must give back. */
-struct SessionCounts {
-    size_t fds = 0;
-    size_t imports = 0;
-    size_t vornAllocations = 0;
-    size_t kivMetadata = 0;
-    size_t androidMetadata = 0;
-    size_t metadataOps = 0;
-    size_t backendSessions = 0;
-    size_t binders = 0;
-    size_t recipients = 0;
-
-    static SessionCounts Take();
-    bool operator==(const SessionCounts& other) const;
-};
-
 /* Stops the process, printing both counts, unless the counts are back at start. */
-void CheckGivenBack(const SessionCounts& start);
+void CheckGivenBack(const ::offlinecamera::test::ProcessCounts& start);
 
 /* One session of a client in another process. */
 class ClientSession {

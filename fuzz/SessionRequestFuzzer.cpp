@@ -96,7 +96,7 @@ void RequestProgram::Run() {
     if (configuration != ConfigurationChoice::kNone) cameras.push_back(0);
     if (configuration == ConfigurationChoice::kStandardThenCameraOne) cameras.push_back(1);
     MetadataOpsHold hold(cameras);
-    const SessionCounts start = SessionCounts::Take();
+    const auto start = ::offlinecamera::test::ProcessCounts::Take();
     Play(header);
     // The backend's record of calls would grow with the run.
     kivref::ClearCalls();

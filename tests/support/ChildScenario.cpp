@@ -1,7 +1,5 @@
 #include "ChildScenario.h"
 
-#include <hostplatform/BinderTesting.h>
-#include <hostplatform/KivReferenceBackend.h>
 #include <hostplatform/VornTesting.h>
 #include <stdio.h>
 #include <unistd.h>
@@ -9,25 +7,6 @@
 #include "LogCapture.h"
 
 namespace offlinecamera::test {
-
-ProcessCounts ProcessCounts::Take() {
-    ProcessCounts counts;
-    counts.resources = ResourceCounts::Take();
-    counts.sessions = kivref::LiveSessions();
-    counts.binders = ::ndk::host::liveBinderCount();
-    counts.recipients = ::ndk::host::deathRecipientCount();
-    return counts;
-}
-
-bool ProcessCounts::operator==(const ProcessCounts& o) const {
-    return resources == o.resources && sessions == o.sessions && binders == o.binders &&
-           recipients == o.recipients;
-}
-
-std::string ProcessCounts::ToString() const {
-    return resources.ToString() + " sessions=" + std::to_string(sessions) +
-           " binders=" + std::to_string(binders) + " recipients=" + std::to_string(recipients);
-}
 
 ChildScenario::ChildScenario() {
     LogCapture::Start();

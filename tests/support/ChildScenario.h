@@ -17,18 +17,6 @@
 
 namespace offlinecamera::test {
 
-/* Everything a scenario must give back. */
-struct ProcessCounts {
-    ResourceCounts resources;
-    size_t sessions = 0;    // backend sessions
-    size_t binders = 0;     // binder objects alive
-    size_t recipients = 0;  // death recipients alive
-
-    static ProcessCounts Take();
-    bool operator==(const ProcessCounts& other) const;
-    std::string ToString() const;
-};
-
 class ChildScenario;
 
 /*

@@ -1,0 +1,52 @@
+/*
+ * Counts of what a scenario must give back: descriptors, imported buffers, vendor allocations,
+ * the backend's metadata objects and sessions, binders and death recipients. Free of the test
+ * framework, so that the fuzz targets use the same counts as the tests.
+ */
+#pragma once
+
+#include <dirent.h>
+#include <stddef.h>
+
+#include <string>
+
+namespace offlinecamera::test {
+
+/* Descriptors open in this process, not counting the one used to list them. */
+inline size_t CountOpenFds() {
+    DIR* dir = opendir("/proc/self/fd");
+    if (dir == nullptr) return 0;
+    size_t count = 0;
+    while (const struct dirent* entry = readdir(dir)) {
+        if (entry->d_name[0] != '.') count++;
+    }
+    closedir(dir);
+    return count - 1;
+}
+
+struct ResourceCounts {
+    size_t openFds = 0;
+    size_t liveImports = 0;
+    size_t vornAllocations = 0;
+    size_t kivMetadata = 0;
+    size_t androidMetadata = 0;
+    size_t metadataOps = 0;
+
+    static ResourceCounts Take();
+    bool operator==(const ResourceCounts& other) const;
+    std::string ToString() const;
+};
+
+/* Everything a process-wide scenario must give back. */
+struct ProcessCounts {
+    ResourceCounts resources;
+    size_t sessions = 0;    // backend sessions
+    size_t binders = 0;     // binder objects alive
+    size_t recipients = 0;  // death recipients alive
+
+    static ProcessCounts Take();
+    bool operator==(const ProcessCounts& other) const;
+    std::string ToString() const;
+};
+
+}  // namespace offlinecamera::test
