@@ -42,8 +42,29 @@ bool CopyFrame(const KivOfflineStreamInfo& info, std::vector<KivStreamBuffer>* b
     for (const KivStreamBuffer& buffer : *buffers) {
         StreamBufferRecord record;
         if (!ReadStreamBuffer(buffer, &record)) return false;
+        // The caller's camera3 buffers stay valid until ExecuteRequest returns: each must still
+        // read the handle that its translation read.
+        if (record.source != nullptr && *record.source != record.handle) {
+            ALOGE("buffer %p: its camera3 buffer now reads handle %p", record.handle,
+                  *record.source);
+            return false;
+        }
     }
     return true;
+}
+
+// Requests held at the start of ExecuteRequest, for tests that line up a request with other
+// calls.
+struct ExecuteHold {
+    std::mutex lock;
+    std::condition_variable changed;
+    bool held = false;
+    size_t waiting = 0;
+};
+
+ExecuteHold& Hold() {
+    static ExecuteHold* sHold = new ExecuteHold;
+    return *sHold;
 }
 
 void SetStatus(std::vector<KivStreamBuffer>* buffers, int32_t status) {
@@ -350,19 +371,28 @@ void BackendSession::Wake() {
     mChanged.notify_all();
 }
 
+bool BackendSession::Abandoned() {
+    std::lock_guard<std::mutex> lock(mLock);
+    return mAbandoned;
+}
+
 void BackendSession::SendMessage(const camera3_notify_msg_t& message) {
-    if (mCallbacks == nullptr || mCallbacks->pfnProcessMessage == nullptr) return;
+    // Closed from one of its own callbacks: the callbacks record may be gone with its owner.
+    if (mCallbacks == nullptr || Abandoned() || mCallbacks->pfnProcessMessage == nullptr) return;
     int32_t status = mCallbacks->pfnProcessMessage(mCallbacks, 1, &message);
     if (status != 0) ALOGW("session %" PRIu64 ": message callback returned %d", mHandle, status);
 }
 
-void BackendSession::SendResult(const KivOfflineCaptureResult& result) {
-    if (mCallbacks == nullptr || mCallbacks->pfnProcessResult == nullptr) return;
+bool BackendSession::SendResult(const KivOfflineCaptureResult& result) {
+    if (mCallbacks == nullptr || Abandoned() || mCallbacks->pfnProcessResult == nullptr) {
+        return false;
+    }
     int32_t status = mCallbacks->pfnProcessResult(mCallbacks, 1, &result);
     if (status != 0) {
         ALOGW("session %" PRIu64 ": result callback for frame %u returned %d", mHandle,
               result.frameNumber, status);
     }
+    return true;
 }
 
 void BackendSession::FuseInputs(Request& request) {
@@ -420,7 +450,7 @@ void BackendSession::ReturnInputs(Request& request, int32_t bufferStatus) {
     KivOfflineCaptureResult result = {};
     result.frameNumber = request.frameNumber;
     result.pInput = &input;
-    SendResult(result);
+    if (!SendResult(result)) Drop(request.inputs[0].metadata);
 }
 
 void BackendSession::Process(Request& request) {
@@ -463,7 +493,7 @@ void BackendSession::Process(Request& request) {
     KivOfflineCaptureResult result = {};
     result.frameNumber = request.frameNumber;
     result.pOutput = &part;
-    SendResult(result);
+    if (!SendResult(result)) Drop(request.output.metadata);
 }
 
 void BackendSession::ProcessFlushed(Request& request) {
@@ -496,6 +526,17 @@ void BackendSession::Release(Request& request) {
 
 // ---------------------------------------------------------------------------------------------
 // Session slots
+
+void HoldExecuteRequests(bool held) {
+    std::lock_guard<std::mutex> lock(Hold().lock);
+    Hold().held = held;
+    Hold().changed.notify_all();
+}
+
+void WaitForHeldExecuteRequests(size_t count) {
+    std::unique_lock<std::mutex> lock(Hold().lock);
+    Hold().changed.wait(lock, [count] { return Hold().waiting >= count; });
+}
 
 uint64_t SlotOpenSession(const KivOfflineIntfCbs* cbs, const KivOfflineSessionInfo* info) {
     CallRecord record;
@@ -569,6 +610,13 @@ int32_t SlotConfigureSession(uint64_t handle, KivOfflineSessionConfigInfo* info)
 }
 
 int32_t SlotExecuteRequest(uint64_t handle, KivOfflineCaptureRequestInfo* request) {
+    {
+        std::unique_lock<std::mutex> lock(Hold().lock);
+        Hold().waiting++;
+        Hold().changed.notify_all();
+        Hold().changed.wait(lock, [] { return !Hold().held; });
+        Hold().waiting--;
+    }
     CallRecord record;
     record.slot = Slot::ExecuteRequest;
     record.session = handle;

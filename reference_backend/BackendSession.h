@@ -85,8 +85,11 @@ class BackendSession : public std::enable_shared_from_this<BackendSession> {
     void Release(Request& request);
     int32_t RunInjected(const Injected& injected);
     int32_t Inject(Injected* injected);
+    // Whether the session was closed from one of its own callbacks.
+    bool Abandoned();
+    // Make no callback once the session is abandoned; SendResult then answers false.
     void SendMessage(const camera3_notify_msg_t& message);
-    void SendResult(const KivOfflineCaptureResult& result);
+    bool SendResult(const KivOfflineCaptureResult& result);
 
     const uint64_t mHandle;
     const std::string mName;

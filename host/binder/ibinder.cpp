@@ -12,11 +12,14 @@
 #include <log/log.h>
 #include <unistd.h>
 
+#include <condition_variable>
+#include <deque>
 #include <functional>
 #include <iterator>
 #include <list>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 struct AIBinder_Class {
@@ -112,6 +115,71 @@ void reportUnlinked(const std::vector<DeathLink>& links) {
         if (link.onUnlinked != nullptr) link.onUnlinked(link.cookie);
     }
 }
+
+/* Reports the death of each link: onBinderDied(cookie), then onUnlinked(cookie). */
+void reportDied(const std::vector<DeathLink>& links) {
+    for (const DeathLink& link : links) {
+        link.onBinderDied(link.cookie);
+        if (link.onUnlinked != nullptr) link.onUnlinked(link.cookie);
+    }
+}
+
+/*
+ * The thread on which binder delivers death notices in a process of its own, started on first
+ * use. Notices are run in the order they were queued; while held, queued notices wait.
+ */
+class DeathNoticeThread {
+  public:
+    static DeathNoticeThread& get() {
+        // Never destroyed: the thread waits for work for the life of the process.
+        static DeathNoticeThread* sThread = new DeathNoticeThread;
+        return *sThread;
+    }
+
+    void queue(std::vector<DeathLink> links) {
+        std::lock_guard<std::mutex> lock(mLock);
+        for (DeathLink& link : links) mQueue.push_back(link);
+        if (!mStarted) {
+            mStarted = true;
+            std::thread([this] { run(); }).detach();
+        }
+        mChanged.notify_all();
+    }
+
+    void hold(bool held) {
+        std::lock_guard<std::mutex> lock(mLock);
+        mHeld = held;
+        mChanged.notify_all();
+    }
+
+    void waitIdle() {
+        std::unique_lock<std::mutex> lock(mLock);
+        mChanged.wait(lock, [this] { return (mQueue.empty() || mHeld) && !mRunning; });
+    }
+
+  private:
+    void run() {
+        std::unique_lock<std::mutex> lock(mLock);
+        for (;;) {
+            mChanged.wait(lock, [this] { return !mHeld && !mQueue.empty(); });
+            DeathLink link = mQueue.front();
+            mQueue.pop_front();
+            mRunning = true;
+            lock.unlock();
+            reportDied({link});
+            lock.lock();
+            mRunning = false;
+            mChanged.notify_all();
+        }
+    }
+
+    std::mutex mLock;
+    std::condition_variable mChanged;
+    std::deque<DeathLink> mQueue;
+    bool mStarted = false;
+    bool mHeld = false;
+    bool mRunning = false;
+};
 
 /* Drops one count of binder->weak and frees the binder's memory with the last one. */
 void releaseWeakCount(AIBinder* binder) {
@@ -445,19 +513,34 @@ void setRemote(AIBinder* binder, bool remote) {
     binder->remote = remote;
 }
 
+namespace {
+
+/* Marks the binder dead and takes its links, which will not be reported anywhere else. */
+std::vector<DeathLink> takeDeath(AIBinder* binder) {
+    std::lock_guard<std::mutex> lock(state().lock);
+    binder->dead = true;
+    return takeLinksLocked([binder](const DeathLink& l) { return l.binder == binder; });
+}
+
+}  // namespace
+
 void kill(AIBinder* binder) {
     if (binder == nullptr) return;
-    std::vector<DeathLink> died;
-    {
-        std::lock_guard<std::mutex> lock(state().lock);
-        binder->dead = true;
-        died = takeLinksLocked([binder](const DeathLink& l) { return l.binder == binder; });
-    }
     // The binder itself is not touched below: a callback may drop its last reference.
-    for (const DeathLink& link : died) {
-        link.onBinderDied(link.cookie);
-        if (link.onUnlinked != nullptr) link.onUnlinked(link.cookie);
-    }
+    reportDied(takeDeath(binder));
+}
+
+void killOnDeathThread(AIBinder* binder) {
+    if (binder == nullptr) return;
+    DeathNoticeThread::get().queue(takeDeath(binder));
+}
+
+void holdDeathNotices(bool held) {
+    DeathNoticeThread::get().hold(held);
+}
+
+void waitForDeathNotices() {
+    DeathNoticeThread::get().waitIdle();
 }
 
 void failNextLinkToDeath(binder_status_t status) {

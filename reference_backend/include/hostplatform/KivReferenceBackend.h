@@ -157,6 +157,11 @@ KIVREF_EXPORT int32_t DeliverResults(uint64_t session,
 KIVREF_EXPORT int32_t DeliverMessages(uint64_t session,
                                       const std::vector<camera3_notify_msg_t>& messages);
 
+// While held, ExecuteRequest calls wait on entry, before they read the request; releasing lets
+// them go on. WaitForHeldExecuteRequests waits until `count` calls wait there.
+KIVREF_EXPORT void HoldExecuteRequests(bool held);
+KIVREF_EXPORT void WaitForHeldExecuteRequests(size_t count);
+
 // Waits until the session's worker has delivered everything it may deliver now (with automatic
 // delivery off, held requests do not count). False for an unknown session.
 KIVREF_EXPORT bool WaitIdle(uint64_t session);

@@ -26,6 +26,23 @@ void setRemote(AIBinder* binder, bool remote);
  */
 void kill(AIBinder* binder);
 
+/*
+ * Kills the binder as binder does when its process dies: the binder is dead and its links are
+ * gone when this returns, and their notices (onBinderDied(cookie), then onUnlinked(cookie)) run
+ * on the host binder's death-notice thread, in link order, concurrently with whatever the caller
+ * does next, including dropping references.
+ */
+void killOnDeathThread(AIBinder* binder);
+
+/*
+ * While held, the death-notice thread runs no notice: those of killOnDeathThread wait, their
+ * links already gone. Releasing lets them run.
+ */
+void holdDeathNotices(bool held);
+
+/* Waits until the death-notice thread has run every notice it may run now. */
+void waitForDeathNotices();
+
 /* The next AServiceManager_add* call registers nothing and returns exception (EX_NONE clears). */
 void failNextAddService(binder_exception_t exception);
 
