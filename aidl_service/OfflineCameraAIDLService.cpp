@@ -4,7 +4,6 @@
 #include "OfflineCameraAIDLService.h"
 
 #include <android/binder_manager.h>
-#include <android/log.h>
 #include <convert.h>
 
 #include <algorithm>
@@ -12,6 +11,7 @@
 #include "CheckedLookup.h"
 #include "HandleImporter.h"
 #include "OfflineCameraAIDLSession.h"
+#include "OfflineLog.h"
 
 namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation {
 
@@ -40,32 +40,14 @@ constexpr const char* kLogTag = "KivOfflineAIDLSevice";
 constexpr int32_t kSupportedOpModes[] = {0, 1, 2, 3, 4, 5};
 constexpr size_t kOpModesCapacity = 10;
 
-#define AIDL_SERVICE_LOGI(...) __android_log_print(ANDROID_LOG_INFO, kLogTag, __VA_ARGS__)
-#define AIDL_SERVICE_LOGE(...) __android_log_print(ANDROID_LOG_ERROR, kLogTag, __VA_ARGS__)
-
 // Imports the buffers that consumer clients lend to the producer, and frees them when they come
 // back.
 HandleImporter gHandleImporter;
-
-// Least room kept in a client's list of lent buffers. The producer holds pointers into the list,
-// and an append moves the list when it outgrows its room. Room for a whole reply is made before
-// its first append, so the pointers of one reply stay put, and so do those of earlier replies
-// while no more than this many buffers are lent at once.
-constexpr size_t kLentBufferRoom = 32;
 
 // Releases a handle made by convertFromAidl: its duplicated descriptors, then the handle.
 void releaseReceivedHandle(native_handle_t* handle) {
     native_handle_close(handle);
     native_handle_delete(handle);
-}
-
-// The first lent buffer whose handle is the one that the producer's pointer reads now.
-std::vector<ClientBufferRecord>::iterator findLentBuffer(std::vector<ClientBufferRecord>& records,
-                                                         const buffer_handle_t* pBuffer) {
-    const buffer_handle_t handle = *pBuffer;
-    return std::find_if(records.begin(), records.end(), [handle](const ClientBufferRecord& record) {
-        return record.handle == handle;
-    });
 }
 
 void freeBuffers(const std::vector<buffer_handle_t>& handles) {
@@ -76,8 +58,24 @@ void freeBuffers(const std::vector<buffer_handle_t>& handles) {
 
 }  // namespace
 
+/*
+ * The cookie of one client's death link. The binder library hands it to binderDied and then to
+ * deathLinkEnded, which deletes it, also when the link is undone by unRegisterClient, fails, or
+ * goes with the death recipient; a death notice that races with the unregistration or the end of
+ * the service therefore never reads freed memory. What it holds does not change once linked.
+ */
+struct ClientDeathCookie {
+    int32_t clientId;
+    // The service and the registration watched, without keeping either alive.
+    std::weak_ptr<OfflineCameraAIDLService> service;
+    std::weak_ptr<IOfflineClientCallback> callback;
+};
+
+using ::offlinecamera::MutexLock;
+
 OfflineCameraAIDLService::OfflineCameraAIDLService()
     : mDeathRecipient(AIBinder_DeathRecipient_new(binderDied)) {
+    AIBinder_DeathRecipient_setOnUnlinked(mDeathRecipient.get(), deathLinkEnded);
     mCallbackMap.max_load_factor(1.0f);
     mClientBuffers.max_load_factor(1.0f);
     mClientCallbacks.pResult = processCaptureResultCb;
@@ -86,14 +84,15 @@ OfflineCameraAIDLService::OfflineCameraAIDLService()
     mClientCallbacks.pPrivateData = this;
     for (ClientSlot& slot : mClientSlots) {
         slot.clientId = -1;
-        slot.service = nullptr;
         slot.inUse = false;
+        slot.pCookie = nullptr;
     }
 }
 
-// Members go in reverse order: the locks, the death recipient, then both maps with the client
-// references and buffer lists they hold. Death links are not undone, the core's registry is left
-// as it is, and buffers still lent stay imported.
+// Members go in reverse order: the death recipient, which ends every death link (and with it
+// each cookie), then both maps with the client references and buffer lists they hold, then the
+// locks. Kept on purpose: the core's registry is left as it is, and buffers still lent stay
+// imported.
 OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::getSupportedOpModes(
@@ -104,26 +103,26 @@ OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
     for (int32_t mode : kSupportedOpModes) {
         _aidl_return->push_back(mode);
     }
-    __android_log_print(ANDROID_LOG_INFO, kLogTag, "%d %s: num of supported OpModes:%zu", 208,
-                        "getSupportedOpModes", _aidl_return->size());
+    OFFLINE_LOGI(kLogTag, "%d %s: num of supported OpModes:%zu", 208, "getSupportedOpModes",
+                 _aidl_return->size());
     return ::ndk::ScopedAStatus(AStatus_newOk());
 }
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::registerClient(
         int32_t in_clientId, const std::shared_ptr<IOfflineClientCallback>& in_callback) {
     if (in_callback == nullptr) {
-        AIDL_SERVICE_LOGE("%d %s: callback is NULL!", 149, "registerClient");
+        OFFLINE_LOGE(kLogTag, "%d %s: callback is NULL!", 149, "registerClient");
         return convertToScopedAStatus(Status::ILLEGAL_ARGUMENT);
     }
 
-    std::lock_guard<std::mutex> callbackLock(mCallbackLock);
+    MutexLock callbackLock(mCallbackLock);
     if (mCallbackMap.find(in_clientId) != mCallbackMap.end()) {
-        AIDL_SERVICE_LOGE("%d %s: this clientID: %d was already registered.", 143, "registerClient",
-                          in_clientId);
+        OFFLINE_LOGE(kLogTag, "%d %s: this clientID: %d was already registered.", 143,
+                     "registerClient", in_clientId);
         return convertToScopedAStatus(Status::ILLEGAL_ARGUMENT);
     }
 
-    std::lock_guard<std::mutex> slotLock(mSlotLock);
+    MutexLock slotLock(mSlotLock);
     ClientSlot* pSlot = nullptr;
     for (ClientSlot& slot : mClientSlots) {
         if (!slot.inUse) {
@@ -132,54 +131,60 @@ OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
         }
     }
     if (pSlot == nullptr) {
-        AIDL_SERVICE_LOGE("%d %s: Client num is more than max:%d! clientID: %d Failed to register",
-                          119, "registerClient", static_cast<int>(kMaxClients), in_clientId);
+        OFFLINE_LOGE(kLogTag,
+                     "%d %s: Client num is more than max:%d! clientID: %d Failed to register", 119,
+                     "registerClient", static_cast<int>(kMaxClients), in_clientId);
         return convertToScopedAStatus(Status::ILLEGAL_ARGUMENT);
     }
     pSlot->inUse = true;
     pSlot->clientId = in_clientId;
-    pSlot->service = this;
+    pSlot->pCookie =
+            new ClientDeathCookie{in_clientId, ref<OfflineCameraAIDLService>(), in_callback};
 
     binder_status_t linkStatus;
     {
         ::ndk::SpAIBinder binder = in_callback->asBinder();
-        linkStatus = AIBinder_linkToDeath(binder.get(), mDeathRecipient.get(), pSlot);
+        linkStatus = AIBinder_linkToDeath(binder.get(), mDeathRecipient.get(), pSlot->pCookie);
     }
     if (linkStatus != STATUS_OK) {
-        // The client is served all the same, without a death watch and without a slot.
+        // Kept on purpose: the client is served all the same, without a death watch and without a
+        // slot. The failed link has ended, and its cookie with it.
         pSlot->inUse = false;
-        AIDL_SERVICE_LOGE("%d %s: Failed to linkToDeath: in_clientID: %d", 129, "registerClient",
-                          in_clientId);
+        pSlot->pCookie = nullptr;
+        OFFLINE_LOGE(kLogTag, "%d %s: Failed to linkToDeath: in_clientID: %d", 129,
+                     "registerClient", in_clientId);
     }
 
     mCallbackMap.emplace(in_clientId, in_callback);
     // A list left from an earlier registration of this id is kept, with the buffers still lent.
-    mClientBuffers.emplace(in_clientId, std::vector<ClientBufferRecord>());
+    mClientBuffers.emplace(in_clientId, std::list<ClientBufferRecord>());
     OfflineCameraService::GetInstance()->RegisterConsumerClient(in_clientId, &mClientCallbacks);
-    AIDL_SERVICE_LOGI("%s: clientID:%d register successfully!", "registerClient", in_clientId);
+    OFFLINE_LOGI(kLogTag, "%s: clientID:%d register successfully!", "registerClient", in_clientId);
     return ::ndk::ScopedAStatus::ok();
 }
 
 ::ndk::ScopedAStatus OfflineCameraAIDLService::unRegisterClient(int32_t in_clientId) {
-    std::lock_guard<std::mutex> callbackLock(mCallbackLock);
+    MutexLock callbackLock(mCallbackLock);
     auto entry = mCallbackMap.find(in_clientId);
     if (entry == mCallbackMap.end()) {
-        AIDL_SERVICE_LOGE("%d %s: This clientID: %d did not register before!", 166,
-                          "unRegisterClient", in_clientId);
+        OFFLINE_LOGE(kLogTag, "%d %s: This clientID: %d did not register before!", 166,
+                     "unRegisterClient", in_clientId);
         return convertToScopedAStatus(Status::ILLEGAL_ARGUMENT);
     }
 
     OfflineCameraService::GetInstance()->unRegisterConsumerClient(in_clientId);
 
     if (entry->second != nullptr) {
-        std::lock_guard<std::mutex> slotLock(mSlotLock);
+        MutexLock slotLock(mSlotLock);
         for (ClientSlot& slot : mClientSlots) {
             if (slot.inUse && slot.clientId == in_clientId) {
+                // Undoing the link ends it, and its cookie goes; a death notice already on its
+                // way still holds the cookie until it is done.
                 ::ndk::SpAIBinder binder = entry->second->asBinder();
-                (void)AIBinder_unlinkToDeath(binder.get(), mDeathRecipient.get(), &slot);
+                (void)AIBinder_unlinkToDeath(binder.get(), mDeathRecipient.get(), slot.pCookie);
                 slot.inUse = false;
                 slot.clientId = -1;
-                slot.service = nullptr;
+                slot.pCookie = nullptr;
                 break;
             }
         }
@@ -187,46 +192,58 @@ OfflineCameraAIDLService::~OfflineCameraAIDLService() = default;
 
     // The client's lent buffers stay recorded: the producer may still give them back.
     mCallbackMap.erase(entry);
-    AIDL_SERVICE_LOGI("%d %s: client %d unregister", 178, "unRegisterClient", in_clientId);
+    OFFLINE_LOGI(kLogTag, "%d %s: client %d unregister", 178, "unRegisterClient", in_clientId);
     return ::ndk::ScopedAStatus::ok();
 }
 
 void OfflineCameraAIDLService::binderDied(void* cookie) {
-    ClientSlot* pSlot = static_cast<ClientSlot*>(cookie);
-    const int32_t clientId = pSlot->clientId;
-    AIDL_SERVICE_LOGI("%d %s:client callback died clientID:%d", 422, "binderDied", clientId);
-    OfflineCameraAIDLService* service = pSlot->service;
+    const ClientDeathCookie* pCookie = static_cast<const ClientDeathCookie*>(cookie);
+    OFFLINE_LOGI(kLogTag, "%d %s:client callback died clientID:%d", 422, "binderDied",
+                 pCookie->clientId);
+    // The service goes only when the library is unloaded; then there is nobody to tell.
+    std::shared_ptr<OfflineCameraAIDLService> service = pCookie->service.lock();
+    if (service != nullptr) {
+        service->clientDied(*pCookie);
+    }
+}
 
-    std::lock_guard<std::mutex> callbackLock(service->mCallbackLock);
-    auto entry = service->mCallbackMap.find(clientId);
-    if (entry == service->mCallbackMap.end()) {
+void OfflineCameraAIDLService::deathLinkEnded(void* cookie) {
+    delete static_cast<ClientDeathCookie*>(cookie);
+}
+
+void OfflineCameraAIDLService::clientDied(const ClientDeathCookie& cookie) {
+    MutexLock callbackLock(mCallbackLock);
+    auto entry = mCallbackMap.find(cookie.clientId);
+    // The client unregistered meanwhile, and may have registered again with another callback,
+    // which this death does not concern.
+    if (entry == mCallbackMap.end() || entry->second != cookie.callback.lock()) {
         return;
     }
-    service->mCallbackMap.erase(entry);
-    OfflineCameraService::GetInstance()->unRegisterConsumerClient(clientId);
+    mCallbackMap.erase(entry);
+    OfflineCameraService::GetInstance()->unRegisterConsumerClient(cookie.clientId);
 
     // The binder is dead, so there is no link left to undo. Its lent buffers stay recorded.
-    std::lock_guard<std::mutex> slotLock(service->mSlotLock);
-    for (ClientSlot& slot : service->mClientSlots) {
-        if (slot.inUse && slot.clientId == clientId) {
+    MutexLock slotLock(mSlotLock);
+    for (ClientSlot& slot : mClientSlots) {
+        if (slot.inUse && slot.pCookie == &cookie) {
             slot.inUse = false;
             slot.clientId = -1;
-            slot.service = nullptr;
+            slot.pCookie = nullptr;
             break;
         }
     }
 }
 
 std::shared_ptr<IOfflineClientCallback> OfflineCameraAIDLService::findCallback(int32_t clientId) {
-    std::lock_guard<std::mutex> callbackLock(mCallbackLock);
+    MutexLock callbackLock(mCallbackLock);
     auto entry = mCallbackMap.find(clientId);
     if (entry == mCallbackMap.end()) {
-        AIDL_SERVICE_LOGE("%d %s: can not find the callback for this clientID :%d", 284,
-                          "findCallback", clientId);
+        OFFLINE_LOGE(kLogTag, "%d %s: can not find the callback for this clientID :%d", 284,
+                     "findCallback", clientId);
         return nullptr;
     }
-    AIDL_SERVICE_LOGI("%d %s: find the callback for this clientID :%d", 279, "findCallback",
-                      clientId);
+    OFFLINE_LOGI(kLogTag, "%d %s: find the callback for this clientID :%d", 279, "findCallback",
+                 clientId);
     return entry->second;
 }
 
@@ -235,17 +252,15 @@ std::shared_ptr<IOfflineClientCallback> OfflineCameraAIDLService::findCallback(i
         const std::shared_ptr<IOfflineCameraSessionCallback>& in_callback,
         std::shared_ptr<IOfflineCameraSession>* _aidl_return) {
     if (in_callback == nullptr) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: callback is null", 223,
-                            "openOfflineSeesion");
+        OFFLINE_LOGE(kLogTag, "%d %s: callback is null", 223, "openOfflineSeesion");
         return convertToScopedAStatus(Status::ILLEGAL_ARGUMENT);
     }
     // The service keeps no list of its sessions: each lives as long as its client holds it.
     std::shared_ptr<OfflineCameraAIDLSession> session =
-            ::ndk::SharedRefBase::make<OfflineCameraAIDLSession>(in_clientSessionName, in_callback);
+            OfflineCameraAIDLSession::Open(in_clientSessionName, in_callback);
     if (session == nullptr) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
-                            "%d %s: offline camera session create failed", 233,
-                            "openOfflineSeesion");
+        OFFLINE_LOGE(kLogTag, "%d %s: offline camera session create failed", 233,
+                     "openOfflineSeesion");
         _aidl_return->reset();
         return convertToScopedAStatus(Status::INTERNAL_ERROR);
     }
@@ -259,8 +274,7 @@ std::shared_ptr<IOfflineClientCallback> OfflineCameraAIDLService::findCallback(i
     const camera_metadata_t* pStaticMeta =
             OfflineCameraService::GetInstance()->GetOfflineStaticCaps();
     if (pStaticMeta == nullptr) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%s: get offline static caps failed",
-                            "GetOfflineStaticCaps");
+        OFFLINE_LOGE(kLogTag, "%s: get offline static caps failed", "GetOfflineStaticCaps");
         return convertToScopedAStatus(Status::INTERNAL_ERROR);
     }
     convertToAidl(pStaticMeta, _aidl_return);
@@ -271,8 +285,8 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffersCb(const ClientCallbacks*
                                                           int32_t clientId,
                                                           std::vector<StreamBufferRequest> requests) {
     if (pCallbackOps == nullptr || requests.empty()) {
-        AIDL_SERVICE_LOGE("%d %s: pCallbackOps is NULL OR requestParams size is 0!", 660,
-                          "requestStreamBuffersCb");
+        OFFLINE_LOGE(kLogTag, "%d %s: pCallbackOps is NULL OR requestParams size is 0!", 660,
+                     "requestStreamBuffersCb");
         return CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS;
     }
     auto* service = static_cast<OfflineCameraAIDLService*>(pCallbackOps->pPrivateData);
@@ -282,7 +296,7 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffersCb(const ClientCallbacks*
 void OfflineCameraAIDLService::returnBuffersCb(const ClientCallbacks* pCallbackOps, int32_t clientId,
                                                std::vector<buffer_handle_t*> buffers) {
     if (pCallbackOps == nullptr) {
-        AIDL_SERVICE_LOGE("%d %s: pCallbackOps is NULL!", 683, "returnBuffersCb");
+        OFFLINE_LOGE(kLogTag, "%d %s: pCallbackOps is NULL!", 683, "returnBuffersCb");
         return;
     }
     auto* service = static_cast<OfflineCameraAIDLService*>(pCallbackOps->pPrivateData);
@@ -294,8 +308,8 @@ int32_t OfflineCameraAIDLService::processCaptureResultCb(
         const camera3_capture_result_t* pCaptureResult) {
     // The core does not read the result of a delivery.
     if (pCallbackOps == nullptr || pCaptureResult == nullptr) {
-        AIDL_SERVICE_LOGE("%d %s: pCallbackOps OR pCaptureResult is NULL!", 705,
-                          "processCaptureResultCb");
+        OFFLINE_LOGE(kLogTag, "%d %s: pCallbackOps OR pCaptureResult is NULL!", 705,
+                     "processCaptureResultCb");
         return 0;
     }
     auto* service = static_cast<OfflineCameraAIDLService*>(pCallbackOps->pPrivateData);
@@ -307,9 +321,10 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffers(int32_t clientId,
                                                         std::vector<StreamBufferRequest> requests) {
     std::shared_ptr<IOfflineClientCallback> callback = findCallback(clientId);
     if (callback == nullptr) {
-        AIDL_SERVICE_LOGE(
-                "%d %s: clientID:%d This product client did not register! can not fetch Buffer!",
-                405, "requestStreamBuffers", clientId);
+        OFFLINE_LOGE(kLogTag,
+                     "%d %s: clientID:%d This product client did not register! can not fetch "
+                     "Buffer!",
+                     405, "requestStreamBuffers", clientId);
         return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
     }
 
@@ -317,7 +332,8 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffers(int32_t clientId,
     for (size_t i = 0; i < requests.size(); i++) {
         const camera3_stream_t* pStream = requests[i].stream;
         Stream& stream = bufferRequests[i].stream;
-        // The stream id stays 0: the consumer tells streams apart by their place in the list.
+        // Kept on purpose: the stream id stays 0; the consumer tells streams apart by their
+        // place in the list.
         stream.streamType = static_cast<StreamType>(pStream->stream_type);
         stream.width = static_cast<int32_t>(pStream->width);
         stream.height = static_cast<int32_t>(pStream->height);
@@ -327,13 +343,24 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffers(int32_t clientId,
         stream.rotation = static_cast<StreamRotation>(pStream->rotation);
         stream.bufferSize = stream.width * stream.height * 2;
         bufferRequests[i].numBuffersRequested = static_cast<int32_t>(requests[i].numBuffers);
-        AIDL_SERVICE_LOGI(
-                "%d %s: clientID:%d, i:%d, format:%d, dataSpace:%d, usage:%ld, rotation:%d, "
-                "wXh:%d, %d",
-                319, "requestStreamBuffers", clientId, static_cast<int>(i),
-                static_cast<int>(stream.format), static_cast<int>(stream.dataSpace),
-                static_cast<long>(stream.usage), static_cast<int>(stream.rotation), stream.width,
-                stream.height);
+        OFFLINE_LOGI(kLogTag,
+                     "%d %s: clientID:%d, i:%d, format:%d, dataSpace:%d, usage:%ld, rotation:%d, "
+                     "wXh:%d, %d",
+                     319, "requestStreamBuffers", clientId, static_cast<int>(i),
+                     static_cast<int>(stream.format), static_cast<int>(stream.dataSpace),
+                     static_cast<long>(stream.usage), static_cast<int>(stream.rotation),
+                     stream.width, stream.height);
+        // Every entry carries the first request's count; an entry whose array has less room is
+        // asked for no more than fits.
+        if (requests[i].numBuffers > requests[i].numOutputBuffers) {
+            OFFLINE_LOGW(kLogTag,
+                         "%d %s: clientID:%d, i:%d, asks for %u buffers, not %u: the producer has "
+                         "no room for more",
+                         321, "requestStreamBuffers", clientId, static_cast<int>(i),
+                         requests[i].numOutputBuffers, requests[i].numBuffers);
+            bufferRequests[i].numBuffersRequested =
+                    static_cast<int32_t>(requests[i].numOutputBuffers);
+        }
     }
 
     std::vector<StreamBufferRet> returned;
@@ -341,60 +368,56 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffers(int32_t clientId,
     ::ndk::ScopedAStatus transaction =
             callback->requestStreamBuffers(bufferRequests, &returned, &status);
     if (!transaction.isOk() || status != BufferRequestStatus::OK) {
-        AIDL_SERVICE_LOGE("%d %s: Request buffer Failed!Transaction error: %s or status error:%d",
-                          337, "requestStreamBuffers", transaction.getDescription().c_str(),
-                          static_cast<int>(status));
+        OFFLINE_LOGE(kLogTag,
+                     "%d %s: Request buffer Failed!Transaction error: %s or status error:%d", 337,
+                     "requestStreamBuffers", transaction.getDescription().c_str(),
+                     static_cast<int>(status));
         return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
     }
     if (returned.size() != requests.size()) {
-        AIDL_SERVICE_LOGE("%d %s: Request buffer num error request:%zu, return:%zu", 344,
-                          "requestStreamBuffers", requests.size(), returned.size());
+        OFFLINE_LOGE(kLogTag, "%d %s: Request buffer num error request:%zu, return:%zu", 344,
+                     "requestStreamBuffers", requests.size(), returned.size());
         return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
     }
 
-    // The lists of lent buffers are used without a lock: the producer neither runs two callbacks
-    // for one client at once nor runs them while clients register.
-    std::vector<ClientBufferRecord>& records = mClientBuffers[clientId];
+    {
+        MutexLock callbackLock(mCallbackLock);
+        (void)mClientBuffers[clientId];
+    }
     if (returned.empty()) {
         return CAMERA3_BUF_REQ_OK;
     }
-    size_t lentCount = 0;
-    for (const StreamBufferRet& ret : returned) {
-        if (ret.val.getTag() == StreamBuffersVal::Tag::buffers) {
-            lentCount += ret.val.get<StreamBuffersVal::Tag::buffers>().size();
-        }
-    }
-    // Room for the whole reply, so that the pointers handed out below stay put.
-    records.reserve(std::max(records.size() + lentCount, kLentBufferRoom));
 
     for (size_t i = 0; i < returned.size(); i++) {
-        // A reply that holds an error instead of buffers stops the process here.
+        // Kept on purpose: a reply that holds an error instead of buffers stops the process here.
         const std::vector<StreamBuffer>& buffers =
                 returned[i].val.get<StreamBuffersVal::Tag::buffers>();
+        const size_t asked = static_cast<size_t>(bufferRequests[i].numBuffersRequested);
         for (size_t j = 0; j < buffers.size(); j++) {
             const StreamBuffer& buffer = buffers[j];
-            // Only as many buffers as were asked for fit in the producer's array.
-            native_handle_t* received =
-                    j < requests[i].numBuffers ? convertFromAidl(buffer.buffer) : nullptr;
+            // Only as many buffers as were asked for fit in the producer's array; one more is
+            // refused like a buffer that cannot be imported.
+            native_handle_t* received = j < asked ? convertFromAidl(buffer.buffer) : nullptr;
             buffer_handle_t handle = received;
             if (received == nullptr || !gHandleImporter.importBuffer(handle)) {
                 if (received != nullptr) {
                     releaseReceivedHandle(received);
                 }
-                AIDL_SERVICE_LOGE("%d %s: output buffer for clientID %d is invalid!", 367,
-                                  "requestStreamBuffers", clientId);
+                // Kept on purpose: buffers of this reply lent so far stay lent.
+                OFFLINE_LOGE(kLogTag, "%d %s: output buffer for clientID %d is invalid!", 367,
+                             "requestStreamBuffers", clientId);
                 return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
             }
 
-            records.push_back({buffer.streamId, buffer.bufferId, handle});
-            ClientBufferRecord& record = records.back();
-            AIDL_SERVICE_LOGI("%d %s: buffer:%p!, streamId:%d, bufferId:%lu", 381,
-                              "requestStreamBuffers", static_cast<void*>(&record.handle),
-                              record.streamId, static_cast<unsigned long>(record.bufferId));
+            ClientBufferRecord* pRecord =
+                    recordLentBuffer(clientId, {buffer.streamId, buffer.bufferId, handle});
+            OFFLINE_LOGI(kLogTag, "%d %s: buffer:%p!, streamId:%d, bufferId:%lu", 381,
+                         "requestStreamBuffers", static_cast<void*>(&pRecord->handle),
+                         buffer.streamId, static_cast<unsigned long>(buffer.bufferId));
 
             camera3_stream_buffer_t& output = requests[i].pOutputBuffers[j];
             output.stream = requests[i].stream;
-            output.buffer = &record.handle;
+            output.buffer = &pRecord->handle;
             output.status = CAMERA3_BUFFER_STATUS_OK;
             output.acquire_fence = -1;
             output.release_fence = -1;
@@ -406,33 +429,57 @@ uint32_t OfflineCameraAIDLService::requestStreamBuffers(int32_t clientId,
     return CAMERA3_BUF_REQ_OK;
 }
 
+ClientBufferRecord* OfflineCameraAIDLService::recordLentBuffer(int32_t clientId,
+                                                               const ClientBufferRecord& record) {
+    MutexLock callbackLock(mCallbackLock);
+    std::list<ClientBufferRecord>& records = mClientBuffers[clientId];
+    records.push_back(record);
+    return &records.back();
+}
+
+bool OfflineCameraAIDLService::takeLentBuffer(int32_t clientId, const buffer_handle_t* pBuffer,
+                                              ClientBufferRecord* pRecord) {
+    MutexLock callbackLock(mCallbackLock);
+    // Kept on purpose: a client id without a list of lent buffers stops the process.
+    std::list<ClientBufferRecord>& records = checkedAt(mClientBuffers, clientId);
+    // A record is found by the handle that the producer's pointer reads.
+    const buffer_handle_t handle = *pBuffer;
+    auto record = std::find_if(records.begin(), records.end(),
+                               [handle](const ClientBufferRecord& r) { return r.handle == handle; });
+    if (record == records.end()) {
+        return false;
+    }
+    *pRecord = *record;
+    records.erase(record);
+    return true;
+}
+
 void OfflineCameraAIDLService::returnBuffers(int32_t clientId,
                                              std::vector<buffer_handle_t*> buffers) {
     std::shared_ptr<IOfflineClientCallback> callback = findCallback(clientId);
     if (callback == nullptr) {
-        AIDL_SERVICE_LOGE("%d %s, can not find the callback ClientId:%d", 642, "returnBuffers",
-                          clientId);
+        OFFLINE_LOGE(kLogTag, "%d %s, can not find the callback ClientId:%d", 642, "returnBuffers",
+                     clientId);
         return;
     }
     if (buffers.empty()) {
-        AIDL_SERVICE_LOGI("%d %s, no buffers for this ClientId:%d", 636, "returnBuffers", clientId);
+        OFFLINE_LOGI(kLogTag, "%d %s, no buffers for this ClientId:%d", 636, "returnBuffers",
+                     clientId);
         return;
     }
 
-    // A buffer that was never lent goes back as a default element.
+    // Kept on purpose: a buffer that was never lent goes back as a default element, silently.
     std::vector<StreamBuffer> streamBuffers(buffers.size());
     std::vector<buffer_handle_t> returnedHandles;
     for (size_t i = 0; i < buffers.size(); i++) {
-        std::vector<ClientBufferRecord>& records = checkedAt(mClientBuffers, clientId);
-        auto record = findLentBuffer(records, buffers[i]);
-        if (record == records.end()) {
+        ClientBufferRecord record;
+        if (!takeLentBuffer(clientId, buffers[i], &record)) {
             continue;
         }
-        streamBuffers[i].streamId = record->streamId;
-        streamBuffers[i].bufferId = record->bufferId;
+        streamBuffers[i].streamId = record.streamId;
+        streamBuffers[i].bufferId = record.bufferId;
         streamBuffers[i].status = BufferStatus::OK;
-        returnedHandles.push_back(record->handle);
-        records.erase(record);
+        returnedHandles.push_back(record.handle);
     }
 
     (void)callback->returnStreamBuffers(streamBuffers);
@@ -450,36 +497,34 @@ void OfflineCameraAIDLService::processCaptureResult(int32_t clientId,
     OfflineCaptureResult& result = results[0];
     result.frameNumber = pCaptureResult->frame_number;
     if (pCaptureResult->result != nullptr) {
-        AIDL_SERVICE_LOGI("%d %s:  return meta clientID:%d, pCaptureResult:%p", 511,
-                          "processCaptureResult", clientId,
-                          static_cast<const void*>(pCaptureResult));
+        OFFLINE_LOGI(kLogTag, "%d %s:  return meta clientID:%d, pCaptureResult:%p", 511,
+                     "processCaptureResult", clientId, static_cast<const void*>(pCaptureResult));
         convertToAidl(pCaptureResult->result, &result.result);
     }
 
     std::vector<buffer_handle_t> returnedHandles;
     if (pCaptureResult->num_output_buffers > 0 && pCaptureResult->output_buffers != nullptr) {
-        AIDL_SERVICE_LOGI("%d %s: return buffer clientID:%d, num_output_buffers:%d", 520,
-                          "processCaptureResult", clientId,
-                          static_cast<int>(pCaptureResult->num_output_buffers));
+        OFFLINE_LOGI(kLogTag, "%d %s: return buffer clientID:%d, num_output_buffers:%d", 520,
+                     "processCaptureResult", clientId,
+                     static_cast<int>(pCaptureResult->num_output_buffers));
         result.outputBuffers.resize(pCaptureResult->num_output_buffers);
         for (uint32_t i = 0; i < pCaptureResult->num_output_buffers; i++) {
             const camera3_stream_buffer_t& output = pCaptureResult->output_buffers[i];
-            std::vector<ClientBufferRecord>& records = checkedAt(mClientBuffers, clientId);
-            auto record = findLentBuffer(records, output.buffer);
-            if (record == records.end()) {
-                // The whole result is dropped; buffers matched so far are forgotten.
-                AIDL_SERVICE_LOGE("%d %s: Invalid returnd buffer clientID:%d, buffer:%p", 552,
-                                  "processCaptureResult", clientId,
-                                  static_cast<const void*>(*output.buffer));
+            ClientBufferRecord record;
+            if (!takeLentBuffer(clientId, output.buffer, &record)) {
+                // Kept on purpose: the whole result is dropped; buffers matched so far are
+                // forgotten.
+                OFFLINE_LOGE(kLogTag, "%d %s: Invalid returnd buffer clientID:%d, buffer:%p", 552,
+                             "processCaptureResult", clientId,
+                             static_cast<const void*>(*output.buffer));
                 freeBuffers(returnedHandles);
                 return;
             }
             StreamBuffer& buffer = result.outputBuffers[i];
-            buffer.streamId = record->streamId;
-            buffer.bufferId = record->bufferId;
+            buffer.streamId = record.streamId;
+            buffer.bufferId = record.bufferId;
             buffer.status = static_cast<BufferStatus>(output.status);
-            returnedHandles.push_back(record->handle);
-            records.erase(record);
+            returnedHandles.push_back(record.handle);
         }
     }
 
@@ -503,17 +548,16 @@ const std::string gInstanceSuffix = "/default";
 }  // namespace
 
 extern "C" void RegisterOfflineCameraAIDLService() {
-    __android_log_print(ANDROID_LOG_INFO, kEntryLogTag,
-                        "%d %s: start to register offline camera AIDL service", 36,
-                        "RegisterOfflineCameraAIDLService");
+    OFFLINE_LOGI(kEntryLogTag, "%d %s: start to register offline camera AIDL service", 36,
+                 "RegisterOfflineCameraAIDLService");
 
     // The hosting process calls this once, from its start-up thread; the guard takes no lock.
     if (gOfflineAIDLService != nullptr) {
         const std::string instance =
                 std::string(IOfflineCameraService::descriptor) + gInstanceSuffix;
-        __android_log_print(ANDROID_LOG_INFO, kEntryLogTag,
-                            "%d %s: offline camera service alredy register offlineAIDLService:%s",
-                            69, "RegisterOfflineCameraAIDLService", instance.c_str());
+        OFFLINE_LOGI(kEntryLogTag,
+                     "%d %s: offline camera service alredy register offlineAIDLService:%s", 69,
+                     "RegisterOfflineCameraAIDLService", instance.c_str());
         return;
     }
 
@@ -521,9 +565,8 @@ extern "C" void RegisterOfflineCameraAIDLService() {
 
     const std::string instance = std::string(IOfflineCameraService::descriptor) + gInstanceSuffix;
     if (gOfflineAIDLService == nullptr) {
-        __android_log_print(ANDROID_LOG_ERROR, kEntryLogTag,
-                            "%d %s: Cannot register offline camera aidl service", 63,
-                            "RegisterOfflineCameraAIDLService");
+        OFFLINE_LOGE(kEntryLogTag, "%d %s: Cannot register offline camera aidl service", 63,
+                     "RegisterOfflineCameraAIDLService");
         return;
     }
 
@@ -533,12 +576,11 @@ extern "C" void RegisterOfflineCameraAIDLService() {
         result = AServiceManager_addService(binder.get(), instance.c_str());
     }
     if (result != EX_NONE) {
-        __android_log_print(ANDROID_LOG_ERROR, kEntryLogTag,
-                            "%d %s: Cannot register offline camera AIDL service-%s, errorCode:%d",
-                            53, "RegisterOfflineCameraAIDLService", instance.c_str(), result);
+        OFFLINE_LOGE(kEntryLogTag,
+                     "%d %s: Cannot register offline camera AIDL service-%s, errorCode:%d", 53,
+                     "RegisterOfflineCameraAIDLService", instance.c_str(), result);
         return;
     }
-    __android_log_print(ANDROID_LOG_INFO, kEntryLogTag,
-                        "%d %s: Add offline camera aidl service success!", 58,
-                        "RegisterOfflineCameraAIDLService");
+    OFFLINE_LOGI(kEntryLogTag, "%d %s: Add offline camera aidl service success!", 58,
+                 "RegisterOfflineCameraAIDLService");
 }

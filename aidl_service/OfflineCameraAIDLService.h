@@ -11,12 +11,13 @@
 #include <android/binder_ibinder.h>
 #include <stdint.h>
 
+#include <list>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "Locks.h"
 #include "OfflineCameraService.h"
 
 /* Publishes IOfflineCameraService; the hosting process calls it once at start-up. */
@@ -24,16 +25,23 @@ extern "C" OFFLINE_CAMERA_EXPORT void RegisterOfflineCameraAIDLService();
 
 namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation {
 
-class OfflineCameraAIDLService;
+struct ClientDeathCookie;
 
-/* Death-watch cookie of one registered client; its address is fixed for the service's life. */
+/*
+ * Death-watch bookkeeping of one registered client; its address is fixed for the service's life.
+ * The cookie of the client's death link is a separate object, pCookie, which the binder library
+ * hands back until the link is gone.
+ */
 struct ClientSlot {
     int32_t clientId;
-    OfflineCameraAIDLService* service;
     bool inUse;
+    ClientDeathCookie* pCookie;
 };
 
-/* A buffer lent to the producer on a consumer's behalf. */
+/*
+ * A buffer lent to the producer on a consumer's behalf. The producer holds the address of
+ * handle, which stays where it is until the record is erased.
+ */
 struct ClientBufferRecord {
     int32_t streamId;
     int64_t bufferId;
@@ -76,22 +84,45 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
     void returnBuffers(int32_t clientId, std::vector<buffer_handle_t*> buffers);
     void processCaptureResult(int32_t clientId, const camera3_capture_result_t* pCaptureResult);
 
-    /* The registered callback of a client, empty when there is none. Takes mCallbackLock. */
-    std::shared_ptr<IOfflineClientCallback> findCallback(int32_t clientId);
+    /* The registered callback of a client, empty when there is none. */
+    std::shared_ptr<IOfflineClientCallback> findCallback(int32_t clientId) EXCLUDES(mCallbackLock);
 
-    /* Death notification of a client's callback binder; the cookie is its ClientSlot. */
+    /* Death notification of a client's callback binder; the cookie is its ClientDeathCookie. */
     static void binderDied(void* cookie);
+    /* The end of a death link: its cookie goes. */
+    static void deathLinkEnded(void* cookie);
+    /* Drops the registration that a death cookie watches, if it is still the registered one. */
+    void clientDied(const ClientDeathCookie& cookie) EXCLUDES(mCallbackLock, mSlotLock);
 
-    std::unordered_map<int32_t, std::shared_ptr<IOfflineClientCallback>> mCallbackMap;
-    std::unordered_map<int32_t, std::vector<ClientBufferRecord>> mClientBuffers;
+    /*
+     * Records a buffer lent on clientId's behalf; the producer is given the address of the
+     * record's handle.
+     */
+    ClientBufferRecord* recordLentBuffer(int32_t clientId, const ClientBufferRecord& record)
+            EXCLUDES(mCallbackLock);
+    /*
+     * Finds the lent buffer whose handle is what pBuffer reads, erases its record and gives it
+     * back; false when the client lent no such buffer. A client id without a list of lent
+     * buffers stops the process.
+     */
+    bool takeLentBuffer(int32_t clientId, const buffer_handle_t* pBuffer,
+                        ClientBufferRecord* pRecord) EXCLUDES(mCallbackLock);
+
+    // Guards mCallbackMap and mClientBuffers. Taken before mSlotLock when both are needed, and
+    // never held while a client is called.
+    ::offlinecamera::Mutex mCallbackLock ACQUIRED_BEFORE(mSlotLock);
+    // Guards mClientSlots.
+    ::offlinecamera::Mutex mSlotLock;
+    std::unordered_map<int32_t, std::shared_ptr<IOfflineClientCallback>> mCallbackMap
+            GUARDED_BY(mCallbackLock);
+    // Lists of buffers lent per client id; a list is made at the client's first registration and
+    // stays, with the buffers still lent, for the life of the service. Records stay where they
+    // are until erased, as the producer holds pointers into them.
+    std::unordered_map<int32_t, std::list<ClientBufferRecord>> mClientBuffers
+            GUARDED_BY(mCallbackLock);
     ClientCallbacks mClientCallbacks;
     ::ndk::ScopedAIBinder_DeathRecipient mDeathRecipient;
-    ClientSlot mClientSlots[kMaxClients];
-    // Guards mCallbackMap, and mClientBuffers where clients register; the producer's callbacks
-    // use the lists of lent buffers without it. Taken before mSlotLock when both are needed.
-    std::mutex mCallbackLock;
-    // Guards mClientSlots.
-    std::mutex mSlotLock;
+    ClientSlot mClientSlots[kMaxClients] GUARDED_BY(mSlotLock);
 };
 
 }  // namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation

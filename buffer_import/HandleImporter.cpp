@@ -4,13 +4,13 @@
 #include "HandleImporter.h"
 
 #include <android-base/unique_fd.h>
-#include <android/log.h>
 #include <ui/GraphicBufferMapper.h>
 #include <unistd.h>
 
+#include "OfflineLog.h"
+
 // Every failure is logged at ERROR; each format's first "%s" names the operation.
 #define LOG_TAG "HandleImporter"
-#define IMPORTER_LOGE(...) __android_log_print(ANDROID_LOG_ERROR, LOG_TAG, __VA_ARGS__)
 
 namespace android::hardware::camera::common::V1_0::helper {
 
@@ -23,7 +23,7 @@ void HandleImporter::initializeLocked() {
 }
 
 void HandleImporter::cleanup() {
-    std::lock_guard<std::mutex> lock(mLock);
+    offlinecamera::MutexLock lock(mLock);
     mInitialized = false;
 }
 
@@ -31,7 +31,7 @@ bool HandleImporter::importBufferInternal(buffer_handle_t& handle) {
     buffer_handle_t imported = nullptr;
     const status_t status = GraphicBufferMapper::get().importBufferNoValidate(handle, &imported);
     if (status != OK) {
-        IMPORTER_LOGE("%s: mapper importBuffer failed: %d", "importBufferInternal", status);
+        OFFLINE_LOGE(LOG_TAG, "%s: mapper importBuffer failed: %d", "importBufferInternal", status);
         return false;
     }
     handle = imported;
@@ -43,7 +43,7 @@ bool HandleImporter::importBuffer(buffer_handle_t& handle) {
         handle = nullptr;
         return true;
     }
-    std::lock_guard<std::mutex> lock(mLock);
+    offlinecamera::MutexLock lock(mLock);
     initializeLocked();
     return importBufferInternal(handle);
 }
@@ -52,11 +52,11 @@ void HandleImporter::freeBuffer(buffer_handle_t handle) {
     if (handle == nullptr) {
         return;
     }
-    std::lock_guard<std::mutex> lock(mLock);
+    offlinecamera::MutexLock lock(mLock);
     initializeLocked();
     const status_t status = GraphicBufferMapper::get().freeBuffer(handle);
     if (status != OK) {
-        IMPORTER_LOGE("%s: mapper freeBuffer failed, status: %d", "freeBuffer", status);
+        OFFLINE_LOGE(LOG_TAG, "%s: mapper freeBuffer failed, status: %d", "freeBuffer", status);
     }
 }
 
@@ -68,12 +68,12 @@ bool HandleImporter::importFence(const native_handle_t* handle, int& fd) const {
     if (handle->numFds == 1) {
         fd = dup(handle->data[0]);
         if (fd < 0) {
-            IMPORTER_LOGE("failed to dup fence fd %d", handle->data[0]);
+            OFFLINE_LOGE(LOG_TAG, "failed to dup fence fd %d", handle->data[0]);
             return false;
         }
         return true;
     }
-    IMPORTER_LOGE("invalid fence handle with %d file descriptors", handle->numFds);
+    OFFLINE_LOGE(LOG_TAG, "invalid fence handle with %d file descriptors", handle->numFds);
     return false;
 }
 
@@ -90,26 +90,26 @@ void* HandleImporter::lock(buffer_handle_t& handle, uint64_t usage, size_t size)
 
 void* HandleImporter::lock(buffer_handle_t& handle, uint64_t usage,
                            const android::Rect& accessRegion) {
-    std::lock_guard<std::mutex> lock(mLock);
+    offlinecamera::MutexLock lock(mLock);
     initializeLocked();
     void* address = nullptr;
     const status_t status = GraphicBufferMapper::get().lock(handle, static_cast<uint32_t>(usage),
                                                             accessRegion, &address);
     if (status != OK) {
-        IMPORTER_LOGE("%s: mapper lock failed, status: %d", "lock", status);
+        OFFLINE_LOGE(LOG_TAG, "%s: mapper lock failed, status: %d", "lock", status);
     }
     return address;
 }
 
 android_ycbcr HandleImporter::lockYCbCr(buffer_handle_t& handle, uint64_t usage,
                                         const android::Rect& accessRegion) {
-    std::lock_guard<std::mutex> lock(mLock);
+    offlinecamera::MutexLock lock(mLock);
     initializeLocked();
     android_ycbcr layout = {};
     const status_t status = GraphicBufferMapper::get().lockYCbCr(
             handle, static_cast<uint32_t>(usage), accessRegion, &layout);
     if (status != OK) {
-        IMPORTER_LOGE("%s: mapper lockYCbCr failed, status: %d", "lockYCbCr", status);
+        OFFLINE_LOGE(LOG_TAG, "%s: mapper lockYCbCr failed, status: %d", "lockYCbCr", status);
     }
     return layout;
 }
@@ -121,7 +121,7 @@ int HandleImporter::unlock(buffer_handle_t& handle) {
     const status_t status = GraphicBufferMapper::get().unlock(handle, &releaseFence);
     const int fd = releaseFence.release();
     if (status != OK) {
-        IMPORTER_LOGE("%s: mapper unlockAsync failed, status: %d", "unlock", status);
+        OFFLINE_LOGE(LOG_TAG, "%s: mapper unlockAsync failed, status: %d", "unlock", status);
     }
     return fd;
 }

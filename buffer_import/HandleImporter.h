@@ -11,7 +11,7 @@
 #include <system/graphics.h>
 #include <ui/Rect.h>
 
-#include <mutex>
+#include "Locks.h"
 
 namespace android::hardware::camera::common::V1_0::helper {
 
@@ -48,11 +48,11 @@ class HandleImporter {
     void cleanup();
 
   private:
-    void initializeLocked();
+    void initializeLocked() REQUIRES(mLock);
 
     // Serialises the mapper calls of import, free, lock and lockYCbCr.
-    std::mutex mLock;
-    bool mInitialized;
+    offlinecamera::Mutex mLock;
+    bool mInitialized GUARDED_BY(mLock);
 };
 
 }  // namespace android::hardware::camera::common::V1_0::helper

@@ -3,9 +3,12 @@
  */
 #include "OfflineCameraService.h"
 
-#include <android/log.h>
 #include <string.h>
 #include <vorn/VornOsUtils.h>
+
+#include "OfflineLog.h"
+
+using offlinecamera::MutexLock;
 
 namespace {
 
@@ -30,7 +33,6 @@ OfflineCameraService::OfflineCameraService()
       mpClientCallbacks(nullptr),
       m_pStaticMeta(nullptr) {
     mMetaOpsMap.max_load_factor(1.0f);
-    pthread_mutex_init(&mMetaOpsLock, nullptr);
     Initialize();
 }
 
@@ -43,9 +45,8 @@ void OfflineCameraService::Initialize() {
             BindBackend(pfnOpenContext);
         }
     }
-    __android_log_print(ANDROID_LOG_INFO, kLogTag,
-                        "%d %s: pOfflineIntfCbs %p, pOfflineBufferOps %p m_pStaticMeta %p", 266,
-                        "Initialize", pOfflineIntfCbs, pOfflineBufferOps, m_pStaticMeta);
+    OFFLINE_LOGI(kLogTag, "%d %s: pOfflineIntfCbs %p, pOfflineBufferOps %p m_pStaticMeta %p", 266,
+                 "Initialize", pOfflineIntfCbs, pOfflineBufferOps, m_pStaticMeta);
 }
 
 void OfflineCameraService::BindBackend(PFNKivOfflineOpenContext pfnOpenContext) {
@@ -62,8 +63,7 @@ void OfflineCameraService::BindBackend(PFNKivOfflineOpenContext pfnOpenContext) 
     KivMetadataOpsOpenInfo openInfo = {KIV_CAMERA_ID_ANY, 0, 0};
     const KivMetadataOps* pMetaOps = pOfflineIntfCbs->pfnOpenMetadataOps(pOfflineIntfCbs, &openInfo);
     if (pMetaOps == nullptr) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Failed to open Metadata Ops", 259,
-                            "Initialize");
+        OFFLINE_LOGE(kLogTag, "%d %s: Failed to open Metadata Ops", 259, "Initialize");
         return;
     }
 
@@ -73,16 +73,16 @@ void OfflineCameraService::BindBackend(PFNKivOfflineOpenContext pfnOpenContext) 
 
     m_pStaticMeta = allocate_camera_metadata(kStaticMetaEntries, kStaticMetaDataBytes);
     if (m_pStaticMeta == nullptr) {
-        // The metadata operations opened above stay open in this case.
-        __android_log_print(ANDROID_LOG_WARN, kLogTag, "%d %s: Failed to allocate metadata", 254,
-                            "Initialize");
+        // Kept on purpose: the metadata operations opened above stay open in this case.
+        OFFLINE_LOGW(kLogTag, "%d %s: Failed to allocate metadata", 254, "Initialize");
         return;
     }
 
     camera_metadata_t* pBackendMeta = pMetaOps->pfnCreateAndroidMetadata(
             pMetaOps, staticInfo.pStaticMetadata, 0, 0, 0, nullptr);
     if (pBackendMeta != nullptr) {
-        // Fixed-capacity copy: characteristics that do not fit leave the buffer empty.
+        // Kept on purpose: a fixed-capacity copy; characteristics that do not fit leave the
+        // buffer empty.
         (void)copy_camera_metadata(m_pStaticMeta, get_camera_metadata_size(m_pStaticMeta),
                                    pBackendMeta);
     }
@@ -98,8 +98,7 @@ OfflineCameraService::~OfflineCameraService() {
 
     if (pOfflineBufferOps != nullptr && pOfflineBufferOps->pfnClose != nullptr) {
         if (pOfflineBufferOps->pfnClose(pOfflineBufferOps) != 0) {
-            __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Failed to close buffer ops", 58,
-                                "~OfflineCameraService");
+            OFFLINE_LOGE(kLogTag, "%d %s: Failed to close buffer ops", 58, "~OfflineCameraService");
         }
     }
 
@@ -107,8 +106,8 @@ OfflineCameraService::~OfflineCameraService() {
         const KivMetadataOps* pMetaOps = entry.second.pMetaOps;
         if (pMetaOps != nullptr && pMetaOps->pfnClose != nullptr) {
             if (pMetaOps->pfnClose(pMetaOps) != 0) {
-                __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Failed to close meta ops",
-                                    68, "~OfflineCameraService");
+                OFFLINE_LOGE(kLogTag, "%d %s: Failed to close meta ops", 68,
+                             "~OfflineCameraService");
             }
         }
     }
@@ -116,8 +115,8 @@ OfflineCameraService::~OfflineCameraService() {
 
     if (pOfflineIntfCbs != nullptr && pOfflineIntfCbs->pfnCloseContext != nullptr) {
         if (pOfflineIntfCbs->pfnCloseContext(pOfflineIntfCbs) != 0) {
-            __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Failed to close buffer ops", 79,
-                                "~OfflineCameraService");
+            // Kept on purpose: the buffer-ops text for a failed context close.
+            OFFLINE_LOGE(kLogTag, "%d %s: Failed to close buffer ops", 79, "~OfflineCameraService");
         }
     }
 
@@ -125,8 +124,6 @@ OfflineCameraService::~OfflineCameraService() {
         Vorn::OsUtils::LibUnmap(mLibHandle);
         mLibHandle = nullptr;
     }
-
-    pthread_mutex_destroy(&mMetaOpsLock);
 }
 
 camera_metadata_t* OfflineCameraService::GetOfflineStaticCaps() {
@@ -135,95 +132,93 @@ camera_metadata_t* OfflineCameraService::GetOfflineStaticCaps() {
 
 void OfflineCameraService::RegisterConsumerClient(int32_t clientId,
                                                   const ClientCallbacks* pCallbacks) {
-    // Only the first valid record is checked and kept; it serves every consumer client.
+    MutexLock lock(mClientLock);
+    // Kept on purpose: only the first valid record is checked and kept; it serves every
+    // consumer client.
     if (mpClientCallbacks == nullptr) {
         if (pCallbacks == nullptr) {
-            __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: invalid input pCallbacks%p",
-                                298, "RegisterConsumerClient", pCallbacks);
+            OFFLINE_LOGE(kLogTag, "%d %s: invalid input pCallbacks%p", 298,
+                         "RegisterConsumerClient", pCallbacks);
             return;
         }
         if (pCallbacks->pRequestBuffers == nullptr || pCallbacks->pResult == nullptr ||
             pCallbacks->pReturnBuffers == nullptr || pCallbacks->pPrivateData == nullptr) {
-            __android_log_print(ANDROID_LOG_ERROR, kLogTag,
-                                "%d %s: invalid input pRequestBuffers %p, pResult:%p "
-                                "pReturnBuffers:%p,pPrivateData:%p",
-                                287, "RegisterConsumerClient",
-                                reinterpret_cast<void*>(pCallbacks->pRequestBuffers),
-                                reinterpret_cast<void*>(pCallbacks->pResult),
-                                reinterpret_cast<void*>(pCallbacks->pReturnBuffers),
-                                pCallbacks->pPrivateData);
+            OFFLINE_LOGE(kLogTag,
+                         "%d %s: invalid input pRequestBuffers %p, pResult:%p "
+                         "pReturnBuffers:%p,pPrivateData:%p",
+                         287, "RegisterConsumerClient",
+                         reinterpret_cast<void*>(pCallbacks->pRequestBuffers),
+                         reinterpret_cast<void*>(pCallbacks->pResult),
+                         reinterpret_cast<void*>(pCallbacks->pReturnBuffers),
+                         pCallbacks->pPrivateData);
             return;
         }
         mpClientCallbacks = pCallbacks;
     }
 
-    __android_log_print(ANDROID_LOG_INFO, kLogTag, "%d %s: save clientID :%d", 303,
-                        "RegisterConsumerClient", clientId);
+    OFFLINE_LOGI(kLogTag, "%d %s: save clientID :%d", 303, "RegisterConsumerClient", clientId);
     mClientIds.insert(clientId);
 }
 
 void OfflineCameraService::unRegisterConsumerClient(int32_t clientId) {
+    MutexLock lock(mClientLock);
     mClientIds.erase(clientId);
 }
 
+const ClientCallbacks* OfflineCameraService::FindConsumer(int32_t clientId, size_t* pNumClients) {
+    MutexLock lock(mClientLock);
+    if (pNumClients != nullptr) {
+        *pNumClients = mClientIds.size();
+    }
+    // A client id is only ever registered together with a valid callback record.
+    return mClientIds.count(clientId) != 0 ? mpClientCallbacks : nullptr;
+}
+
 bool OfflineCameraService::RegisterProducerClient(int32_t clientId) {
-    if (mClientIds.count(clientId) != 0) {
-        __android_log_print(ANDROID_LOG_INFO, kLogTag,
-                            "%d %s: Save producer clientID :%d, client size:%zu", 338,
-                            "RegisterProducerClient", clientId, mClientIds.size());
+    size_t numClients = 0;
+    if (FindConsumer(clientId, &numClients) != nullptr) {
+        OFFLINE_LOGI(kLogTag, "%d %s: Save producer clientID :%d, client size:%zu", 338,
+                     "RegisterProducerClient", clientId, numClients);
         return true;
     }
-    __android_log_print(ANDROID_LOG_ERROR, kLogTag,
-                        "%d %s: Can not register this producer clientID:%d", 342,
-                        "RegisterProducerClient", clientId);
+    OFFLINE_LOGE(kLogTag, "%d %s: Can not register this producer clientID:%d", 342,
+                 "RegisterProducerClient", clientId);
     return false;
 }
 
 void OfflineCameraService::UnRegisterProducerClient(int32_t clientId) {
-    if (mClientIds.count(clientId) == 0) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Do not have this clientID: :%d",
-                            359, "UnRegisterProducerClient", clientId);
+    if (FindConsumer(clientId) == nullptr) {
+        OFFLINE_LOGE(kLogTag, "%d %s: Do not have this clientID: :%d", 359,
+                     "UnRegisterProducerClient", clientId);
     }
+}
+
+void OfflineCameraService::LogMetaOpsNotFound(const NotFoundLog& notFound, uint32_t cameraId) {
+    // The conversions of backend metadata into platform metadata use the "Can not find" wording,
+    // every other caller "Not find".
+    if (notFound.canNotFind) {
+        OFFLINE_LOGE(kLogTag, "%d %s: MetaOpSize:%zu, Can not find mFrameworkCameraId:%d metaOps",
+                     notFound.line, notFound.function, mMetaOpsMap.size(), cameraId);
+    } else {
+        OFFLINE_LOGE(kLogTag, "%d %s: metaOpSize:%zu, Not find mFrameworkCameraId:%d metaOps",
+                     notFound.line, notFound.function, mMetaOpsMap.size(), cameraId);
+    }
+}
+
+template <typename Result, typename Call>
+Result OfflineCameraService::CallMetaOps(uint32_t cameraId, const NotFoundLog& notFound,
+                                         Result failure, Call call) {
+    MutexLock lock(mMetaOpsLock);
+    auto it = mMetaOpsMap.find(cameraId);
+    if (it == mMetaOpsMap.end()) {
+        LogMetaOpsNotFound(notFound, cameraId);
+        return failure;
+    }
+    // An entry whose table was closed fails silently.
+    return it->second.pMetaOps != nullptr ? call(it->second.pMetaOps) : failure;
 }
 
 namespace {
-
-// Where and how a missing metadata operations entry is reported. The conversions of backend
-// metadata into platform metadata use the "Can not find" wording, every other caller "Not find".
-struct NotFoundLog {
-    bool canNotFind;
-    int line;
-    const char* function;
-};
-
-void LogMetaOpsNotFound(const NotFoundLog& notFound, size_t metaOpSize, uint32_t cameraId) {
-    if (notFound.canNotFind) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
-                            "%d %s: MetaOpSize:%zu, Can not find mFrameworkCameraId:%d metaOps",
-                            notFound.line, notFound.function, metaOpSize, cameraId);
-    } else {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag,
-                            "%d %s: metaOpSize:%zu, Not find mFrameworkCameraId:%d metaOps",
-                            notFound.line, notFound.function, metaOpSize, cameraId);
-    }
-}
-
-// Runs call(pMetaOps) on the camera's metadata operations with the lock held and returns its
-// result. A camera without an entry is logged; an entry whose table was closed fails silently.
-template <typename MetaOpsMap, typename Result, typename Call>
-Result CallMetaOps(pthread_mutex_t* pLock, const MetaOpsMap& metaOpsMap, uint32_t cameraId,
-                   const NotFoundLog& notFound, Result failure, Call call) {
-    Result result = failure;
-    pthread_mutex_lock(pLock);
-    auto it = metaOpsMap.find(cameraId);
-    if (it == metaOpsMap.end()) {
-        LogMetaOpsNotFound(notFound, metaOpsMap.size(), cameraId);
-    } else if (it->second.pMetaOps != nullptr) {
-        result = call(it->second.pMetaOps);
-    }
-    pthread_mutex_unlock(pLock);
-    return result;
-}
 
 const KivMetadataOps* OpenMetaOps(const KivOfflineIntfCbs* pIntfCbs, uint32_t cameraId) {
     KivMetadataOpsOpenInfo openInfo = {cameraId, 0, 0};
@@ -232,16 +227,18 @@ const KivMetadataOps* OpenMetaOps(const KivOfflineIntfCbs* pIntfCbs, uint32_t ca
 
 }  // namespace
 
-void OfflineCameraService::InitMetaOps(uint32_t cameraId) {
-    pthread_mutex_lock(&mMetaOpsLock);
+bool OfflineCameraService::InitMetaOps(uint32_t cameraId) {
+    MutexLock lock(mMetaOpsLock);
+    bool held = false;
     auto it = mMetaOpsMap.find(cameraId);
     if (it != mMetaOpsMap.end() && it->second.refCount != 0) {
         MetaOpsEntry& entry = it->second;
-        __android_log_print(
-                ANDROID_LOG_INFO, kLogTag,
-                "%d %s: metaOpSize:%zu, ref:%d, FrameworkCameraId:%d, already get metaOps %p", 106,
-                "InitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId, entry.pMetaOps);
+        OFFLINE_LOGI(kLogTag,
+                     "%d %s: metaOpSize:%zu, ref:%d, FrameworkCameraId:%d, already get metaOps %p",
+                     106, "InitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId,
+                     entry.pMetaOps);
         entry.refCount++;
+        held = true;
     } else if (it != mMetaOpsMap.end()) {
         // Every user had left: the entry stays and gets a new table. A failed open leaves it
         // closed.
@@ -250,8 +247,9 @@ void OfflineCameraService::InitMetaOps(uint32_t cameraId) {
             entry.pMetaOps = OpenMetaOps(pOfflineIntfCbs, cameraId);
             if (entry.pMetaOps != nullptr) {
                 entry.refCount++;
-                __android_log_print(
-                        ANDROID_LOG_INFO, kLogTag,
+                held = true;
+                OFFLINE_LOGI(
+                        kLogTag,
                         "%d %s: metaOpSize:%zu, ref:%d, frameworkCameraId:%d, Open new metaOps:%p",
                         126, "InitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId,
                         entry.pMetaOps);
@@ -262,38 +260,34 @@ void OfflineCameraService::InitMetaOps(uint32_t cameraId) {
         if (pOfflineIntfCbs->pfnOpenMetadataOps != nullptr) {
             pMetaOps = OpenMetaOps(pOfflineIntfCbs, cameraId);
         }
-        __android_log_print(ANDROID_LOG_INFO, kLogTag,
-                            "%d %s: metaOpSize:%zu, mFrameworkCameraId:%d, open new metaOps:%p",
-                            143, "InitMetaOps", mMetaOpsMap.size(), cameraId, pMetaOps);
+        OFFLINE_LOGI(kLogTag, "%d %s: metaOpSize:%zu, mFrameworkCameraId:%d, open new metaOps:%p",
+                     143, "InitMetaOps", mMetaOpsMap.size(), cameraId, pMetaOps);
         if (pMetaOps != nullptr) {
             mMetaOpsMap.emplace(cameraId, MetaOpsEntry{pMetaOps, 1});
+            held = true;
         }
     }
-    pthread_mutex_unlock(&mMetaOpsLock);
+    return held;
 }
 
 void OfflineCameraService::DeInitMetaOps(uint32_t cameraId) {
-    pthread_mutex_lock(&mMetaOpsLock);
+    MutexLock lock(mMetaOpsLock);
     auto it = mMetaOpsMap.find(cameraId);
     if (it == mMetaOpsMap.end()) {
-        LogMetaOpsNotFound(NotFoundLog{false, 189, "DeInitMetaOps"}, mMetaOpsMap.size(), cameraId);
-        pthread_mutex_unlock(&mMetaOpsLock);
+        LogMetaOpsNotFound(NotFoundLog{false, 189, "DeInitMetaOps"}, cameraId);
         return;
     }
     MetaOpsEntry& entry = it->second;
     if (entry.refCount != 0) {
         entry.refCount--;
     }
-    __android_log_print(ANDROID_LOG_INFO, kLogTag,
-                        "%d %s: metaOpSize:%zu, ref:%d mLogicalCameraId:%d reduce metaOps:%p", 174,
-                        "DeInitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId,
-                        entry.pMetaOps);
+    OFFLINE_LOGI(kLogTag, "%d %s: metaOpSize:%zu, ref:%d mLogicalCameraId:%d reduce metaOps:%p",
+                 174, "DeInitMetaOps", mMetaOpsMap.size(), entry.refCount, cameraId, entry.pMetaOps);
     if (entry.refCount == 0 && entry.pMetaOps != nullptr) {
         // The entry stays in the map, closed, until the camera is opened again.
         (void)entry.pMetaOps->pfnClose(entry.pMetaOps);
         entry.pMetaOps = nullptr;
     }
-    pthread_mutex_unlock(&mMetaOpsLock);
 }
 
 uint64_t OfflineCameraService::OpenSession(const KivOfflineSessionInfo* pSessionInfo) {
@@ -318,8 +312,12 @@ int32_t OfflineCameraService::Dump(uint64_t hSession) {
     return pOfflineIntfCbs->pfnDump(hSession);
 }
 
+int32_t OfflineCameraService::CloseSession(uint64_t hSession) {
+    return pOfflineIntfCbs->pfnCloseSession(hSession);
+}
+
 int32_t OfflineCameraService::CloseSession(uint32_t cameraId, uint64_t hSession) {
-    const int32_t result = pOfflineIntfCbs->pfnCloseSession(hSession);
+    const int32_t result = CloseSession(hSession);
     // The session's hold on the camera's metadata operations goes whatever the backend answered.
     DeInitMetaOps(cameraId);
     return result;
@@ -339,12 +337,12 @@ camera_metadata_t* OfflineCameraService::CreateAndroidMetadata(uint32_t cameraId
                                                                KivMetadataHandle hMetadata,
                                                                int32_t arg0, int32_t arg1,
                                                                uint32_t arg2, uint32_t* pOut) {
-    return CallMetaOps(
-            &mMetaOpsLock, mMetaOpsMap, cameraId, NotFoundLog{true, 544, "CreateAndroidMetadata"},
-            static_cast<camera_metadata_t*>(nullptr), [&](const KivMetadataOps* pMetaOps) {
-                return pMetaOps->pfnCreateAndroidMetadata(pMetaOps, hMetadata, arg0, arg1, arg2,
-                                                          pOut);
-            });
+    return CallMetaOps(cameraId, NotFoundLog{true, 544, "CreateAndroidMetadata"},
+                       static_cast<camera_metadata_t*>(nullptr),
+                       [&](const KivMetadataOps* pMetaOps) {
+                           return pMetaOps->pfnCreateAndroidMetadata(pMetaOps, hMetadata, arg0,
+                                                                     arg1, arg2, pOut);
+                       });
 }
 
 KivMetadataHandle OfflineCameraService::CreateByAndroidMetadata(uint32_t cameraId,
@@ -352,7 +350,7 @@ KivMetadataHandle OfflineCameraService::CreateByAndroidMetadata(uint32_t cameraI
                                                                 int32_t arg0, int32_t arg1,
                                                                 uint32_t arg2) {
     return CallMetaOps(
-            &mMetaOpsLock, mMetaOpsMap, cameraId, NotFoundLog{true, 580, "CreateByAndroidMetadata"},
+            cameraId, NotFoundLog{true, 580, "CreateByAndroidMetadata"},
             static_cast<KivMetadataHandle>(nullptr), [&](const KivMetadataOps* pMetaOps) {
                 return pMetaOps->pfnCreateByAndroidMetadata(pMetaOps, pMetadata, arg0, arg1, arg2);
             });
@@ -360,17 +358,15 @@ KivMetadataHandle OfflineCameraService::CreateByAndroidMetadata(uint32_t cameraI
 
 KivMetadataHandle OfflineCameraService::CreateKivMetaData(uint32_t cameraId, const uint32_t* pTags,
                                                           uint32_t count) {
-    return CallMetaOps(
-            &mMetaOpsLock, mMetaOpsMap, cameraId, NotFoundLog{false, 623, "CreateKivMetaData"},
-            static_cast<KivMetadataHandle>(nullptr), [&](const KivMetadataOps* pMetaOps) {
-                return pMetaOps->pfnCreateKivMetadata(pMetaOps, pTags, count);
-            });
+    return CallMetaOps(cameraId, NotFoundLog{false, 623, "CreateKivMetaData"},
+                       static_cast<KivMetadataHandle>(nullptr), [&](const KivMetadataOps* pMetaOps) {
+                           return pMetaOps->pfnCreateKivMetadata(pMetaOps, pTags, count);
+                       });
 }
 
 int32_t OfflineCameraService::DestoryKivMetadata(uint32_t cameraId, KivMetadataHandle hMetadata) {
     // The destroy slot takes the handle alone; the table only has to be open.
-    return CallMetaOps(&mMetaOpsLock, mMetaOpsMap, cameraId,
-                       NotFoundLog{false, 654, "DestoryKivMetadata"}, int32_t{1},
+    return CallMetaOps(cameraId, NotFoundLog{false, 654, "DestoryKivMetadata"}, int32_t{1},
                        [&](const KivMetadataOps* pMetaOps) {
                            return pMetaOps->pfnDestroyKivMetadata(hMetadata);
                        });
@@ -378,8 +374,7 @@ int32_t OfflineCameraService::DestoryKivMetadata(uint32_t cameraId, KivMetadataH
 
 int32_t OfflineCameraService::ReleaseAndroidMetadata(uint32_t cameraId,
                                                      camera_metadata_t* pMetadata) {
-    return CallMetaOps(&mMetaOpsLock, mMetaOpsMap, cameraId,
-                       NotFoundLog{false, 687, "ReleaseAndroidMetadata"}, int32_t{1},
+    return CallMetaOps(cameraId, NotFoundLog{false, 687, "ReleaseAndroidMetadata"}, int32_t{1},
                        [&](const KivMetadataOps* pMetaOps) {
                            return pMetaOps->pfnReleaseAndroidMetadata(pMetaOps, pMetadata);
                        });
@@ -389,9 +384,10 @@ int32_t OfflineCameraService::RequestStreamBuffers(int32_t clientId, uint32_t nu
                                                    const camera3_buffer_request_t* pBufferReqs,
                                                    uint32_t* pNumReturnedBufReqs,
                                                    camera3_stream_buffer_ret_t* pReturnedBufReqs) {
-    if (mClientIds.find(clientId) == mClientIds.end()) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Do not have  this clientID: :%d",
-                            381, "RequestStreamBuffers", clientId);
+    const ClientCallbacks* pCallbacks = FindConsumer(clientId);
+    if (pCallbacks == nullptr) {
+        OFFLINE_LOGE(kLogTag, "%d %s: Do not have  this clientID: :%d", 381, "RequestStreamBuffers",
+                     clientId);
         *pNumReturnedBufReqs = 0;
         return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
     }
@@ -399,38 +395,38 @@ int32_t OfflineCameraService::RequestStreamBuffers(int32_t clientId, uint32_t nu
         return CAMERA3_BUF_REQ_OK;
     }
 
-    // The consumer writes its buffers straight into the producer's output arrays. Every entry
-    // carries the first request's buffer count, while each returned record gets its own.
+    // The consumer writes its buffers straight into the producer's output arrays, each of which
+    // has room for its own request's count. Kept on purpose: every entry carries the first
+    // request's buffer count, while each returned record gets its own.
     std::vector<StreamBufferRequest> requests;
     for (uint32_t i = 0; i < numBufferReqs; i++) {
         pReturnedBufReqs[i].num_output_buffers = pBufferReqs[i].num_buffers_requested;
         requests.push_back({pBufferReqs[i].stream, pBufferReqs[0].num_buffers_requested, 0,
-                            pReturnedBufReqs[i].output_buffers});
+                            pReturnedBufReqs[i].output_buffers,
+                            pBufferReqs[i].num_buffers_requested});
     }
 
-    // A client id is only ever registered together with a valid callback record.
-    const uint32_t status =
-            mpClientCallbacks->pRequestBuffers(mpClientCallbacks, clientId, requests);
+    const uint32_t status = pCallbacks->pRequestBuffers(pCallbacks, clientId, requests);
     if (status == CAMERA3_BUF_REQ_OK) {
         *pNumReturnedBufReqs = numBufferReqs;
     }
-    __android_log_print(ANDROID_LOG_INFO, kLogTag,
-                        "%d %s: clientID %d, numBufferReqs:%d, NumReturnedBufReqs:%d", 410,
-                        "RequestStreamBuffers", clientId, static_cast<int>(numBufferReqs),
-                        static_cast<int>(*pNumReturnedBufReqs));
+    OFFLINE_LOGI(kLogTag, "%d %s: clientID %d, numBufferReqs:%d, NumReturnedBufReqs:%d", 410,
+                 "RequestStreamBuffers", clientId, static_cast<int>(numBufferReqs),
+                 static_cast<int>(*pNumReturnedBufReqs));
     return static_cast<int32_t>(status);
 }
 
 int32_t OfflineCameraService::ProcessCaptureResult(int32_t clientId,
                                                    const camera3_capture_result_t* pResult) {
-    if (mClientIds.find(clientId) == mClientIds.end()) {
-        __android_log_print(ANDROID_LOG_ERROR, kLogTag, "%d %s: Do not have  this clientID: :%d",
-                            427, "ProcessCaptureResult", clientId);
+    const ClientCallbacks* pCallbacks = FindConsumer(clientId);
+    if (pCallbacks == nullptr) {
+        OFFLINE_LOGE(kLogTag, "%d %s: Do not have  this clientID: :%d", 427, "ProcessCaptureResult",
+                     clientId);
         return CAMERA3_BUF_REQ_FAILED_UNKNOWN;
     }
     if (pResult != nullptr) {
         // Delivery failures stay with the consumer side; the producer is not told.
-        (void)mpClientCallbacks->pResult(mpClientCallbacks, clientId, pResult);
+        (void)pCallbacks->pResult(pCallbacks, clientId, pResult);
     }
     return CAMERA3_BUF_REQ_OK;
 }

@@ -9,7 +9,6 @@
 #pragma once
 
 #include <hardware/camera3.h>
-#include <pthread.h>
 #include <stdint.h>
 #include <system/camera_metadata.h>
 
@@ -18,15 +17,22 @@
 #include <vector>
 
 #include "KivOfflineInterface.h"
+#include "Locks.h"
 
 #define OFFLINE_CAMERA_EXPORT __attribute__((visibility("default")))
 
-/* One buffer request handed to a consumer: the producer's stream and output array. */
+/*
+ * One buffer request handed to a consumer: the producer's stream and output array.
+ * Kept on purpose: numBuffers is the first request's count in every element of a call. The
+ * consumer side never fills more than numOutputBuffers entries, the room of this request's own
+ * array.
+ */
 struct StreamBufferRequest {
     camera3_stream_t* stream;
     uint32_t numBuffers;
     uint32_t status;
     camera3_stream_buffer_t* pOutputBuffers;
+    uint32_t numOutputBuffers;
 };
 
 /*
@@ -66,7 +72,10 @@ class OFFLINE_CAMERA_EXPORT OfflineCameraService {
     /* Static camera metadata read from the backend; null when it could not be built. */
     camera_metadata_t* GetOfflineStaticCaps();
 
-    /* Consumer client registry. The first valid callback record serves every client. */
+    /*
+     * Consumer client registry. Kept on purpose: the first valid callback record serves every
+     * client. Binder threads register and unregister while the producer's threads use it.
+     */
     void RegisterConsumerClient(int32_t clientId, const ClientCallbacks* pCallbacks);
     void unRegisterConsumerClient(int32_t clientId);
 
@@ -84,8 +93,12 @@ class OFFLINE_CAMERA_EXPORT OfflineCameraService {
                                  camera3_stream_buffer_ret_t* pReturnedBufReqs);
     int32_t ProcessCaptureResult(int32_t clientId, const camera3_capture_result_t* pResult);
 
-    /* Per-camera backend metadata operations, opened on first use and shared by count. */
-    void InitMetaOps(uint32_t cameraId);
+    /*
+     * Per-camera backend metadata operations, opened on first use and shared by count.
+     * InitMetaOps answers whether the call took a hold (the count went up), which its caller
+     * gives back with one DeInitMetaOps.
+     */
+    bool InitMetaOps(uint32_t cameraId);
     void DeInitMetaOps(uint32_t cameraId);
 
     /* Backend session operations, forwarded as they are. */
@@ -96,6 +109,8 @@ class OFFLINE_CAMERA_EXPORT OfflineCameraService {
     int32_t Dump(uint64_t hSession);
     /* Closes the backend session, then drops the session's hold on the camera's operations. */
     int32_t CloseSession(uint32_t cameraId, uint64_t hSession);
+    /* Closes the backend session of a session that holds no metadata operations. */
+    int32_t CloseSession(uint64_t hSession);
     int32_t TranslateToKivBuffer(const camera3_stream_buffer_t* pHalBuffer,
                                  KivStreamBuffer* pKivBuffer);
     int32_t TranslateFromKivBuffer(const KivStreamBuffer* pKivBuffer,
@@ -117,18 +132,39 @@ class OFFLINE_CAMERA_EXPORT OfflineCameraService {
         int32_t refCount;
     };
 
+    /* How a camera without metadata operations is reported by one conversion. */
+    struct NotFoundLog {
+        bool canNotFind;  // "Can not find" wording, else "Not find"
+        int line;
+        const char* function;
+    };
+
     /* Steps of Initialize that need a mapped backend; returns early on the first failure. */
     void BindBackend(PFNKivOfflineOpenContext pfnOpenContext);
 
+    /*
+     * Runs call(table) on the camera's metadata operations with mMetaOpsLock held and returns
+     * its result; failure when the camera has no entry (logged) or its table is closed.
+     */
+    template <typename Result, typename Call>
+    Result CallMetaOps(uint32_t cameraId, const NotFoundLog& notFound, Result failure, Call call)
+            EXCLUDES(mMetaOpsLock);
+    void LogMetaOpsNotFound(const NotFoundLog& notFound, uint32_t cameraId) REQUIRES(mMetaOpsLock);
+
+    /* The registered callback record when clientId is a registered consumer, else null. */
+    const ClientCallbacks* FindConsumer(int32_t clientId, size_t* pNumClients = nullptr)
+            EXCLUDES(mClientLock);
+
+    // Written by the constructor and the destructor only, read without a lock.
     void* mLibHandle;
     const KivOfflineIntfCbs* pOfflineIntfCbs;
     const KivOfflineBufferOps* pOfflineBufferOps;
-    std::unordered_map<uint32_t, MetaOpsEntry> mMetaOpsMap;
-    // Guards mMetaOpsMap and every call into a backend metadata operations table.
-    pthread_mutex_t mMetaOpsLock;
-    // The client registry below is not locked: the HAL must not register or unregister a client
-    // while its producer is using it.
-    const ClientCallbacks* mpClientCallbacks;
-    std::set<int32_t> mClientIds;
+    // Guards mMetaOpsMap and is held across every call into a backend metadata operations table.
+    offlinecamera::Mutex mMetaOpsLock;
+    std::unordered_map<uint32_t, MetaOpsEntry> mMetaOpsMap GUARDED_BY(mMetaOpsLock);
+    // Guards the client registry. Never held while a consumer callback runs.
+    offlinecamera::Mutex mClientLock;
+    const ClientCallbacks* mpClientCallbacks GUARDED_BY(mClientLock);
+    std::set<int32_t> mClientIds GUARDED_BY(mClientLock);
     camera_metadata_t* m_pStaticMeta;
 };

@@ -169,6 +169,14 @@ void TestClient::Die() {
     ::ndk::host::kill(binder.get());
 }
 
+namespace {
+
+// Entries past the room of each output array, and what they hold until someone writes them.
+constexpr size_t kGuardEntries = 4;
+constexpr uint8_t kGuardByte = 0xA5;
+
+}  // namespace
+
 int32_t Producer::Request(const std::vector<camera3_stream_t*>& streams,
                           const std::vector<uint32_t>& counts) {
     // Arrays of at least one record, so that a call without requests still passes real arrays.
@@ -176,9 +184,13 @@ int32_t Producer::Request(const std::vector<camera3_stream_t*>& streams,
     std::vector<camera3_buffer_request_t> requests(std::max<size_t>(n, 1));
     mReturned.emplace_back(std::max<size_t>(n, 1));
     mOutputs.emplace_back(n);
+    mCounts.push_back(counts);
     for (size_t i = 0; i < n; i++) {
         requests[i] = {streams[i], counts[i]};
-        mOutputs.back()[i].resize(counts[i]);
+        std::vector<camera3_stream_buffer_t>& outputs = mOutputs.back()[i];
+        outputs.resize(counts[i] + kGuardEntries);
+        memset(outputs.data() + counts[i], kGuardByte,
+               kGuardEntries * sizeof(camera3_stream_buffer_t));
         camera3_stream_buffer_ret_t& ret = mReturned.back()[i];
         memset(&ret, 0, sizeof(ret));
         ret.stream = streams[i];
@@ -189,6 +201,19 @@ int32_t Producer::Request(const std::vector<camera3_stream_t*>& streams,
     return OfflineCameraService::GetInstance()->RequestStreamBuffers(
             mClientId, static_cast<uint32_t>(n), requests.data(), &mReturnedCount,
             mReturned.back().data());
+}
+
+bool Producer::ArraysIntact() const {
+    for (size_t call = 0; call < mOutputs.size(); call++) {
+        for (size_t i = 0; i < mOutputs[call].size(); i++) {
+            const uint8_t* guard =
+                    reinterpret_cast<const uint8_t*>(mOutputs[call][i].data() + mCounts[call][i]);
+            for (size_t k = 0; k < kGuardEntries * sizeof(camera3_stream_buffer_t); k++) {
+                if (guard[k] != kGuardByte) return false;
+            }
+        }
+    }
+    return true;
 }
 
 int32_t Producer::Result(uint32_t frameNumber, const camera_metadata_t* metadata,

@@ -142,8 +142,17 @@ class Producer {
     static constexpr uint32_t kUntouchedCount = 77;
     uint32_t ReturnedCount() const { return mReturnedCount; }
     const std::vector<camera3_stream_buffer_ret_t>& Returned() const { return mReturned.back(); }
-    /* The j-th buffer of the i-th request of the last call. */
+    /* The j-th buffer of the i-th request of the last call, or of an earlier call (0 the first). */
     camera3_stream_buffer_t& Buffer(size_t i, size_t j) { return mOutputs.back()[i][j]; }
+    camera3_stream_buffer_t& Buffer(size_t i, size_t j, size_t call) {
+        return mOutputs[call][i][j];
+    }
+
+    /*
+     * Whether every output array is untouched past the room that the HAL allocated for its
+     * request (each array is followed by guard entries).
+     */
+    bool ArraysIntact() const;
 
     /* Hands over a capture result, built in the record at LastResult(). */
     int32_t Result(uint32_t frameNumber, const camera_metadata_t* metadata,
@@ -156,6 +165,7 @@ class Producer {
     uint32_t mReturnedCount = kUntouchedCount;
     std::deque<std::vector<camera3_stream_buffer_ret_t>> mReturned;
     std::deque<std::vector<std::vector<camera3_stream_buffer_t>>> mOutputs;
+    std::deque<std::vector<uint32_t>> mCounts;
 };
 
 /* Whether a status is the service's ILLEGAL_ARGUMENT answer. */

@@ -64,7 +64,10 @@ struct Brokering {
         EXPECT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
         LogCapture::Clear();
     }
-    ~Brokering() { EXPECT_TRUE(scenario.Service().unRegisterClient(kClient).isOk()); }
+    ~Brokering() {
+        EXPECT_TRUE(producer.ArraysIntact());
+        EXPECT_TRUE(scenario.Service().unRegisterClient(kClient).isOk());
+    }
 
     Scenario& scenario;
     std::shared_ptr<TestClient> client;
@@ -164,6 +167,7 @@ TEST_F(BufferRequestTest, LendsBuffersOfTwoStreamsInOrder) {
     EXPECT_SCENARIO(LendsBuffersOfTwoStreamsInOrder);
 }
 
+// Every entry asks for the first request's count, but never for more than its own array holds.
 void EveryEntryAsksForTheFirstCount(Scenario& s) {
     Brokering b(s);
     ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {2, 5}));
@@ -172,13 +176,37 @@ void EveryEntryAsksForTheFirstCount(Scenario& s) {
     ASSERT_EQ(1u, b.client->Requests().size());
     EXPECT_EQ(2, b.client->Requests()[0][0].numBuffersRequested);
     EXPECT_EQ(2, b.client->Requests()[0][1].numBuffersRequested);
+    EXPECT_EQ(nullptr, b.producer.Buffer(1, 2).buffer);
 
+    LogCapture::Clear();
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {5, 2}));
+    EXPECT_EQ(5u, b.producer.Returned()[0].num_output_buffers);
+    EXPECT_EQ(2u, b.producer.Returned()[1].num_output_buffers);
+    ASSERT_EQ(2u, b.client->Requests().size());
+    EXPECT_EQ(5, b.client->Requests()[1][0].numBuffersRequested);
+    EXPECT_EQ(2, b.client->Requests()[1][1].numBuffersRequested);
+    EXPECT_TRUE(LogCapture::Contains(
+            ServiceLine(ANDROID_LOG_WARN,
+                        "321 requestStreamBuffers: clientID:7, i:1, asks for 2 buffers, not 5: the "
+                        "producer has no room for more")));
+    EXPECT_EQ(b.imports + 11, LiveImports());
+
+    // The HAL gives back the second call's buffers, then the first's.
+    std::vector<camera3_stream_buffer_t> all;
+    for (size_t i = 0; i < 2; i++) {
+        for (size_t j = 0; j < (i == 0 ? 5u : 2u); j++) all.push_back(b.producer.Buffer(i, j));
+    }
+    EXPECT_EQ(0, b.producer.Result(2, nullptr, all));
     EXPECT_EQ(0, b.producer.Result(1, nullptr,
-                                   {b.producer.Buffer(1, 1), b.producer.Buffer(1, 0),
-                                    b.producer.Buffer(0, 1), b.producer.Buffer(0, 0)}));
-    ASSERT_EQ(1u, b.client->Results().size());
-    EXPECT_EQ((std::vector<SeenBuffer>{Back(1, 4), Back(1, 3), Back(0, 2), Back(0, 1)}),
+                                   {b.producer.Buffer(1, 1, 0), b.producer.Buffer(1, 0, 0),
+                                    b.producer.Buffer(0, 1, 0), b.producer.Buffer(0, 0, 0)}));
+    ASSERT_EQ(2u, b.client->Results().size());
+    EXPECT_EQ((std::vector<SeenBuffer>{Back(0, 5), Back(0, 6), Back(0, 7), Back(0, 8), Back(0, 9),
+                                       Back(1, 10), Back(1, 11)}),
               b.client->Results()[0].buffers);
+    EXPECT_EQ((std::vector<SeenBuffer>{Back(1, 4), Back(1, 3), Back(0, 2), Back(0, 1)}),
+              b.client->Results()[1].buffers);
+    EXPECT_EQ(b.imports, LiveImports());
 }
 TEST_F(BufferRequestTest, EveryEntryAsksForTheFirstCount) {
     EXPECT_SCENARIO(EveryEntryAsksForTheFirstCount);
@@ -292,6 +320,8 @@ void InvalidBufferEndsTheRequest(Scenario& s) {
         EXPECT_EQ(b.imports, LiveImports());
     }
     EXPECT_EQ(3u, b.client->Results().size());
+    // The mapper refused the buffer that is not of this platform's allocator.
+    EXPECT_EQ(std::vector<std::string>{"GraphicBufferMapper"}, LogCapture::TakePlatformErrorTags());
 }
 TEST_F(BufferRequestTest, InvalidBufferEndsTheRequest) {
     EXPECT_SCENARIO(InvalidBufferEndsTheRequest);
@@ -387,37 +417,42 @@ TEST_F(CaptureResultTest, UnknownBufferDropsTheWholeResult) {
     EXPECT_SCENARIO(UnknownBufferDropsTheWholeResult);
 }
 
-// The producer's buffer pointers lead into the client's list of lent buffers. When a record
-// leaves, the later ones move up one place, and so does what the later pointers read.
-void PointersFollowTheRecordsMovedUp(Scenario& s) {
+// The producer keeps many buffers lent at once and gives them back in any order: each pointer
+// leads to its own buffer for as long as the buffer is lent.
+void ReturnsInAnyOrderFindTheirOwnBuffers(Scenario& s) {
     Brokering b(s);
-    ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.rgba}, {3}));
-    const camera3_stream_buffer_t lent[] = {b.producer.Buffer(0, 0), b.producer.Buffer(0, 1),
-                                            b.producer.Buffer(0, 2)};
-
-    EXPECT_EQ(0, b.producer.Result(1, nullptr, {lent[0]}));
-    // The second pointer now reads the third record.
-    EXPECT_EQ(0, b.producer.Result(2, nullptr, {lent[1]}));
-    // The third pointer reads a record that has already left: the result is dropped.
-    LogCapture::Clear();
-    EXPECT_EQ(0, b.producer.Result(3, nullptr, {lent[2]}));
-    EXPECT_TRUE(LogCapture::Contains(ServiceLine(
-            ANDROID_LOG_ERROR,
-            Format("552 processCaptureResult: Invalid returnd buffer clientID:7, buffer:%p",
-                   static_cast<const void*>(*lent[2].buffer)))));
-    // The second record is now read through the first pointer.
-    EXPECT_EQ(0, b.producer.Result(4, nullptr, {lent[0]}));
-
-    const std::vector<SeenResult> results = b.client->Results();
-    ASSERT_EQ(3u, results.size());
-    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 1)}, results[0].buffers);
-    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 3)}, results[1].buffers);
-    EXPECT_EQ(std::vector<SeenBuffer>{Back(0, 2)}, results[2].buffers);
-    EXPECT_EQ(4, results[2].frameNumber);
+    constexpr size_t kCalls = 5;
+    constexpr uint32_t kPerCall = 8;
+    std::vector<camera3_stream_buffer_t> lent;
+    for (size_t call = 0; call < kCalls; call++) {
+        ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.rgba}, {kPerCall}));
+        for (size_t j = 0; j < kPerCall; j++) lent.push_back(b.producer.Buffer(0, j));
+    }
+    EXPECT_EQ(b.imports + kCalls * kPerCall, LiveImports());
+    // First lent first, then every other one from the end, each buffer alone.
+    std::vector<size_t> order;
+    for (size_t k = 0; k < lent.size() / 2; k++) order.push_back(k);
+    for (size_t k = lent.size(); k-- > lent.size() / 2;) {
+        if (k % 2 == 0) order.push_back(k);
+    }
+    for (size_t k = lent.size(); k-- > lent.size() / 2;) {
+        if (k % 2 == 1) order.push_back(k);
+    }
+    std::vector<SeenBuffer> expected;
+    for (size_t k : order) {
+        ASSERT_EQ(0, b.producer.Result(static_cast<uint32_t>(k), nullptr, {lent[k]}));
+        expected.push_back(Back(0, static_cast<int64_t>(k) + 1));
+    }
+    std::vector<SeenBuffer> seen;
+    for (const SeenResult& result : b.client->Results()) {
+        ASSERT_EQ(1u, result.buffers.size());
+        seen.push_back(result.buffers[0]);
+    }
+    EXPECT_EQ(expected, seen);
     EXPECT_EQ(b.imports, LiveImports());
 }
-TEST_F(CaptureResultTest, PointersFollowTheRecordsMovedUp) {
-    EXPECT_SCENARIO(PointersFollowTheRecordsMovedUp);
+TEST_F(CaptureResultTest, ReturnsInAnyOrderFindTheirOwnBuffers) {
+    EXPECT_SCENARIO(ReturnsInAnyOrderFindTheirOwnBuffers);
 }
 
 }  // namespace

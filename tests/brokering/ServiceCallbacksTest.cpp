@@ -105,7 +105,7 @@ void MissingArgumentsAreRefused(Scenario&) {
     camera3_stream_buffer_t output = {};
     camera3_capture_result_t result = {};
     EXPECT_EQ(static_cast<uint32_t>(CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS),
-              callbacks.pRequestBuffers(nullptr, kClient, {{&stream, 1, 0, &output}}));
+              callbacks.pRequestBuffers(nullptr, kClient, {{&stream, 1, 0, &output, 1}}));
     callbacks.pResult(nullptr, kClient, &result);
     callbacks.pResult(&callbacks, kClient, nullptr);
     const LogLine noResult =
@@ -133,7 +133,7 @@ void DeadClientIsNotFound(Scenario& s) {
     camera3_capture_result_t result = {};
     LogCapture::Clear();
     EXPECT_EQ(static_cast<uint32_t>(CAMERA3_BUF_REQ_FAILED_UNKNOWN),
-              callbacks.pRequestBuffers(&callbacks, 12, {{&stream, 1, 0, &output}}));
+              callbacks.pRequestBuffers(&callbacks, 12, {{&stream, 1, 0, &output, 1}}));
     callbacks.pResult(&callbacks, 12, &result);
     EXPECT_EQ((std::vector<LogLine>{
                       NotFound(12),

@@ -86,6 +86,8 @@ TEST_F(BackendBindingTest, MissingLibraryOrEntryPointLeavesTheServiceUnbound) {
         EXPECT_FALSE(service->RegisterProducerClient(3));
         mService.reset();
     }
+    // The library could not be mapped, then had no entry point.
+    EXPECT_EQ(std::vector<std::string>(2, "VornOsUtils"), LogCapture::TakePlatformErrorTags());
 }
 
 TEST_F(BackendBindingTest, StaticMetadataIsReadThroughATemporaryMetadataTable) {
@@ -147,6 +149,9 @@ TEST_F(BackendBindingTest, StaticMetadataKeepsTheFixedCapacity) {
         EXPECT_EQ(0, validate_camera_metadata_structure(caps, nullptr));
         EXPECT_EQ(c.expectedEntries, get_camera_metadata_entry_count(caps));
         EXPECT_EQ(0u, kivref::LiveAndroidMetadata());
+        // A copy that does not fit is refused by the metadata library.
+        EXPECT_EQ(std::vector<std::string>(c.expectedEntries == 0 ? 1 : 0, "CameraMetadata"),
+                  LogCapture::TakePlatformErrorTags());
         mService.reset();
     }
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ChildScenario.h"
+#include "LogCapture.h"
 #include "OfflineCameraAIDLService.h"
 #include "OfflineCameraClient.h"
 #include "OfflineCameraService.h"
@@ -46,6 +47,8 @@ void ExpectServedOrDeclined(const ::ndk::ScopedAStatus& status) {
 TEST(NdkClientTest, ConnectsOnlyToThePublishedService) {
     EXPECT_IN_CHILD([](ChildScenario& s) {
         EXPECT_EQ(nullptr, OfflineCameraClient::Connect(false));
+        EXPECT_EQ(std::vector<std::string>{"OruOfflineCameraClient"},
+                  LogCapture::TakePlatformErrorTags());
         RegisterOfflineCameraAIDLService();
         s.Settle();
         std::unique_ptr<OfflineCameraClient> client = OfflineCameraClient::Connect(true);

@@ -269,13 +269,12 @@ void ConfigurationMapsModesAndKeepsStreamRecordsInPlace(ChildScenario& s) {
             ASSERT_EQ(1u, call.streams.size());
             EXPECT_EQ(first.streams[1], call.streams[0]);
         }
-        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
-    }
-    // Every configuration took the camera's operations once more; the close gave one back.
-    const size_t configurations = 12;
-    for (size_t i = 1; i < configurations; i++) {
+        // Every configuration took the camera's operations once more; the close gives back
+        // each hold.
         EXPECT_EQ(tablesBefore + 1, kivref::OpenMetadataOps());
-        OfflineCameraService::GetInstance()->DeInitMetaOps(0);
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        EXPECT_EQ(12u, CountWithPrefix(LogCapture::Lines("KivOfflineCameraSevice"),
+                                       "174 DeInitMetaOps: "));
     }
     EXPECT_EQ(tablesBefore, kivref::OpenMetadataOps());
 }
@@ -313,9 +312,9 @@ void EmptyAndInvalidConfigurationsStillReachTheBackend(ChildScenario& s) {
         EXPECT_FALSE(LogCapture::Contains(
                 {ANDROID_LOG_INFO, kSessionTag,
                  "877 closeOfflineSession, release configure metadata, mSessionName:empty"}));
+        EXPECT_EQ(std::vector<std::string>{"android.hardware.camera.device-convert-impl"},
+                  LogCapture::TakePlatformErrorTags());
     }
-    // Two configurations, one close: the camera's operations are still held once.
-    OfflineCameraService::GetInstance()->DeInitMetaOps(0);
 }
 
 void SessionParametersGoToTheBackendAndEndWithTheSession(ChildScenario& s) {
@@ -560,7 +559,7 @@ void ASessionWithoutAClientDropsWhatComesBack(ChildScenario& s) {
     RemoteClient client(s);
     {
         // Only a session made in this process can lack a client.
-        auto session = ::ndk::SharedRefBase::make<OfflineCameraAIDLSession>("orphan", nullptr);
+        auto session = OfflineCameraAIDLSession::Open("orphan", nullptr);
         const uint64_t handle = LastSessionHandle();
         ASSERT_NE(0u, handle);
         camera3_notify_msg_t shutter = {};

@@ -26,6 +26,9 @@ void ChildScenario::ExpectBalanced() const {
     const ProcessCounts now = ProcessCounts::Take();
     EXPECT_TRUE(now == expected) << "expected: " << expected.ToString()
                                  << "\nnow:      " << now.ToString();
+    const std::vector<LogLine> platformErrors = LogCapture::TakePlatformErrors();
+    EXPECT_TRUE(platformErrors.empty()) << "unexpected errors:\n"
+                                        << LogCapture::Dump(platformErrors);
 }
 
 namespace {

@@ -10,13 +10,30 @@ namespace offlinecamera::test {
 
 namespace {
 
-// Guards gLines.
+// Guards gLines and gPlatformErrors.
 std::mutex gLock;
 std::vector<LogLine> gLines;
+// ERROR lines of everything but the library (the host platform, the reference backend), which
+// Clear() keeps: a test takes those it provokes, and every other one is a failure.
+std::vector<LogLine> gPlatformErrors;
+
+bool IsLibraryTag(const std::string& tag) {
+    static const char* const kLibraryTags[] = {"KivOfflineCameraSevice", "KivOfflineAIDLService",
+                                               "KivOfflineAIDLSevice", "KivOfflineAIDLSession",
+                                               "HandleImporter"};
+    for (const char* libraryTag : kLibraryTags) {
+        if (tag == libraryTag) return true;
+    }
+    return false;
+}
 
 void CaptureLogger(const struct __android_logger_data* data, const char* message) {
+    LogLine line{data->priority, data->tag != nullptr ? data->tag : "", message};
     std::lock_guard<std::mutex> lock(gLock);
-    gLines.push_back({data->priority, data->tag != nullptr ? data->tag : "", message});
+    if (line.priority >= ANDROID_LOG_ERROR && !IsLibraryTag(line.tag)) {
+        gPlatformErrors.push_back(line);
+    }
+    gLines.push_back(std::move(line));
 }
 
 }  // namespace
@@ -34,11 +51,33 @@ void LogCapture::Start() {
         __android_log_set_logger(CaptureLogger);
     });
     Clear();
+    TakePlatformErrors();
 }
 
 void LogCapture::Clear() {
     std::lock_guard<std::mutex> lock(gLock);
     gLines.clear();
+}
+
+std::vector<LogLine> LogCapture::TakePlatformErrors() {
+    std::lock_guard<std::mutex> lock(gLock);
+    std::vector<LogLine> errors;
+    errors.swap(gPlatformErrors);
+    return errors;
+}
+
+std::vector<std::string> LogCapture::TakePlatformErrorTags() {
+    std::vector<std::string> tags;
+    for (const LogLine& line : TakePlatformErrors()) tags.push_back(line.tag);
+    return tags;
+}
+
+std::string LogCapture::Dump(const std::vector<LogLine>& lines) {
+    std::string text;
+    for (const LogLine& line : lines) {
+        text += "  " + ToString(line) + "\n";
+    }
+    return text;
 }
 
 std::vector<LogLine> LogCapture::Lines() {
@@ -63,11 +102,7 @@ size_t LogCapture::Count(const LogLine& wanted) {
 }
 
 std::string LogCapture::Dump() {
-    std::string text;
-    for (const LogLine& line : Lines()) {
-        text += "  " + ToString(line) + "\n";
-    }
-    return text;
+    return Dump(Lines());
 }
 
 std::string Format(const char* format, ...) {

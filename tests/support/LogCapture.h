@@ -33,8 +33,17 @@ class LogCapture {
     /* How many captured lines equal this one. */
     static size_t Count(const LogLine& line);
     static bool Contains(const LogLine& line) { return Count(line) != 0; }
+    /*
+     * ERROR lines written by anything but the library (the host platform, the reference
+     * backend) since the capture started or they were last taken; Clear() keeps them. The test
+     * fixtures fail on any that the test did not take.
+     */
+    static std::vector<LogLine> TakePlatformErrors();
+    /* The tags of TakePlatformErrors(), in order. */
+    static std::vector<std::string> TakePlatformErrorTags();
     /* Captured lines, one per row, for failure messages. */
     static std::string Dump();
+    static std::string Dump(const std::vector<LogLine>& lines);
 };
 
 /* printf-style formatting, for building expected log texts (e.g. "%p" of a pointer). */

@@ -8,7 +8,9 @@
 #include <dirent.h>
 #include <stddef.h>
 
+#include <chrono>
 #include <string>
+#include <thread>
 
 namespace offlinecamera::test {
 
@@ -22,6 +24,19 @@ inline size_t CountOpenFds() {
     }
     closedir(dir);
     return count - 1;
+}
+
+/*
+ * Waits until done() holds, for work that ends on another thread without telling anyone (a
+ * session that its last delivery destroys on the backend's thread). False when it never does.
+ */
+template <typename Done>
+bool WaitUntil(Done done) {
+    for (int i = 0; i < 10000; i++) {
+        if (done()) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return done();
 }
 
 struct ResourceCounts {

@@ -12,6 +12,9 @@ void BalancedTest::SetUp() {
 }
 
 void BalancedTest::TearDown() {
+    const std::vector<LogLine> platformErrors = LogCapture::TakePlatformErrors();
+    EXPECT_TRUE(platformErrors.empty()) << "unexpected errors:\n"
+                                        << LogCapture::Dump(platformErrors);
     if (!mKeepResources) {
         ResourceCounts end = ResourceCounts::Take();
         EXPECT_TRUE(end == mStart)

@@ -1,0 +1,99 @@
+/*
+ * Copyright (C) 2026 Oru Camera
+ *
+ * The locks of the library: POSIX mutexes and condition variables with default attributes, known
+ * to Clang's thread-safety analysis (-Wthread-safety), so that every member a lock guards is
+ * declared GUARDED_BY it and every function that needs a lock held says so. The standard
+ * library's own mutex carries no such annotations in every C++ library the code is built with,
+ * hence these thin wrappers.
+ */
+#pragma once
+
+#include <android-base/thread_annotations.h>
+#include <pthread.h>
+
+namespace offlinecamera {
+
+class Condition;
+
+class CAPABILITY("mutex") Mutex {
+  public:
+    Mutex() { pthread_mutex_init(&mMutex, nullptr); }
+    ~Mutex() { pthread_mutex_destroy(&mMutex); }
+    Mutex(const Mutex&) = delete;
+    Mutex& operator=(const Mutex&) = delete;
+
+    void lock() ACQUIRE() { pthread_mutex_lock(&mMutex); }
+    void unlock() RELEASE() { pthread_mutex_unlock(&mMutex); }
+
+  private:
+    friend class Condition;
+    pthread_mutex_t mMutex;
+};
+
+/* Holds a Mutex for the life of the object. */
+class SCOPED_CAPABILITY MutexLock {
+  public:
+    explicit MutexLock(Mutex& mutex) ACQUIRE(mutex) : mMutex(mutex) { mMutex.lock(); }
+    ~MutexLock() RELEASE() { mMutex.unlock(); }
+    MutexLock(const MutexLock&) = delete;
+    MutexLock& operator=(const MutexLock&) = delete;
+
+  private:
+    Mutex& mMutex;
+};
+
+class Condition {
+  public:
+    Condition() { pthread_cond_init(&mCondition, nullptr); }
+    ~Condition() { pthread_cond_destroy(&mCondition); }
+    Condition(const Condition&) = delete;
+    Condition& operator=(const Condition&) = delete;
+
+    /* Releases mutex while waiting; it is held again when this returns. */
+    void wait(Mutex& mutex) REQUIRES(mutex) { pthread_cond_wait(&mCondition, &mutex.mMutex); }
+    void broadcast() { pthread_cond_broadcast(&mCondition); }
+
+  private:
+    pthread_cond_t mCondition;
+};
+
+/*
+ * A mutex that the thread holding it may take again, for work that can be entered again on the
+ * same thread: a binder call made from inside a callback runs on the thread that made the
+ * callback.
+ */
+class CAPABILITY("mutex") RecursiveMutex {
+  public:
+    RecursiveMutex() {
+        pthread_mutexattr_t attributes;
+        pthread_mutexattr_init(&attributes);
+        pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
+        pthread_mutex_init(&mMutex, &attributes);
+        pthread_mutexattr_destroy(&attributes);
+    }
+    ~RecursiveMutex() { pthread_mutex_destroy(&mMutex); }
+    RecursiveMutex(const RecursiveMutex&) = delete;
+    RecursiveMutex& operator=(const RecursiveMutex&) = delete;
+
+    void lock() ACQUIRE() { pthread_mutex_lock(&mMutex); }
+    void unlock() RELEASE() { pthread_mutex_unlock(&mMutex); }
+
+  private:
+    pthread_mutex_t mMutex;
+};
+
+class SCOPED_CAPABILITY RecursiveMutexLock {
+  public:
+    explicit RecursiveMutexLock(RecursiveMutex& mutex) ACQUIRE(mutex) : mMutex(mutex) {
+        mMutex.lock();
+    }
+    ~RecursiveMutexLock() RELEASE() { mMutex.unlock(); }
+    RecursiveMutexLock(const RecursiveMutexLock&) = delete;
+    RecursiveMutexLock& operator=(const RecursiveMutexLock&) = delete;
+
+  private:
+    RecursiveMutex& mMutex;
+};
+
+}  // namespace offlinecamera
