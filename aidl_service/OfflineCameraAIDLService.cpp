@@ -454,6 +454,29 @@ bool OfflineCameraAIDLService::takeLentBuffer(int32_t clientId, const buffer_han
     return true;
 }
 
+void OfflineCameraAIDLService::forgetLentBuffers(int32_t clientId,
+                                                 const camera3_capture_result_t* pCaptureResult) {
+    std::vector<buffer_handle_t> handles;
+    {
+        MutexLock callbackLock(mCallbackLock);
+        auto records = mClientBuffers.find(clientId);
+        if (records == mClientBuffers.end() || pCaptureResult->output_buffers == nullptr) {
+            return;
+        }
+        for (uint32_t i = 0; i < pCaptureResult->num_output_buffers; i++) {
+            const buffer_handle_t handle = *pCaptureResult->output_buffers[i].buffer;
+            auto record = std::find_if(
+                    records->second.begin(), records->second.end(),
+                    [handle](const ClientBufferRecord& r) { return r.handle == handle; });
+            if (record != records->second.end()) {
+                handles.push_back(record->handle);
+                records->second.erase(record);
+            }
+        }
+    }
+    freeBuffers(handles);
+}
+
 void OfflineCameraAIDLService::returnBuffers(int32_t clientId,
                                              std::vector<buffer_handle_t*> buffers) {
     std::shared_ptr<IOfflineClientCallback> callback = findCallback(clientId);
@@ -490,6 +513,9 @@ void OfflineCameraAIDLService::processCaptureResult(int32_t clientId,
                                                     const camera3_capture_result_t* pCaptureResult) {
     std::shared_ptr<IOfflineClientCallback> callback = findCallback(clientId);
     if (callback == nullptr) {
+        // The client left after the core let the result through, so the producer has been told
+        // that its buffers went back: nobody holds them any more.
+        forgetLentBuffers(clientId, pCaptureResult);
         return;
     }
 

@@ -107,6 +107,9 @@ class OfflineCameraAIDLService : public BnOfflineCameraService {
      */
     bool takeLentBuffer(int32_t clientId, const buffer_handle_t* pBuffer,
                         ClientBufferRecord* pRecord) EXCLUDES(mCallbackLock);
+    /* Erases and frees the lent buffers that a result hands back, without a client to tell. */
+    void forgetLentBuffers(int32_t clientId, const camera3_capture_result_t* pCaptureResult)
+            EXCLUDES(mCallbackLock);
 
     // Guards mCallbackMap and mClientBuffers. Taken before mSlotLock when both are needed, and
     // never held while a client is called.

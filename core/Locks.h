@@ -12,6 +12,12 @@
 #include <android-base/thread_annotations.h>
 #include <pthread.h>
 
+// Only Clang knows the analysis' attributes; other compilers see none.
+#if !defined(__clang__)
+#undef THREAD_ANNOTATION_ATTRIBUTE__
+#define THREAD_ANNOTATION_ATTRIBUTE__(x)
+#endif
+
 namespace offlinecamera {
 
 class Condition;

@@ -53,19 +53,6 @@ bool CopyFrame(const KivOfflineStreamInfo& info, std::vector<KivStreamBuffer>* b
     return true;
 }
 
-// Requests held at the start of ExecuteRequest, for tests that line up a request with other
-// calls.
-struct ExecuteHold {
-    std::mutex lock;
-    std::condition_variable changed;
-    bool held = false;
-    size_t waiting = 0;
-};
-
-ExecuteHold& Hold() {
-    static ExecuteHold* sHold = new ExecuteHold;
-    return *sHold;
-}
 
 void SetStatus(std::vector<KivStreamBuffer>* buffers, int32_t status) {
     for (KivStreamBuffer& buffer : *buffers) {
@@ -527,16 +514,6 @@ void BackendSession::Release(Request& request) {
 // ---------------------------------------------------------------------------------------------
 // Session slots
 
-void HoldExecuteRequests(bool held) {
-    std::lock_guard<std::mutex> lock(Hold().lock);
-    Hold().held = held;
-    Hold().changed.notify_all();
-}
-
-void WaitForHeldExecuteRequests(size_t count) {
-    std::unique_lock<std::mutex> lock(Hold().lock);
-    Hold().changed.wait(lock, [count] { return Hold().waiting >= count; });
-}
 
 uint64_t SlotOpenSession(const KivOfflineIntfCbs* cbs, const KivOfflineSessionInfo* info) {
     CallRecord record;
@@ -610,13 +587,7 @@ int32_t SlotConfigureSession(uint64_t handle, KivOfflineSessionConfigInfo* info)
 }
 
 int32_t SlotExecuteRequest(uint64_t handle, KivOfflineCaptureRequestInfo* request) {
-    {
-        std::unique_lock<std::mutex> lock(Hold().lock);
-        Hold().waiting++;
-        Hold().changed.notify_all();
-        Hold().changed.wait(lock, [] { return !Hold().held; });
-        Hold().waiting--;
-    }
+    WaitIfHeld(Slot::ExecuteRequest);
     CallRecord record;
     record.slot = Slot::ExecuteRequest;
     record.session = handle;

@@ -404,6 +404,7 @@ const KivOfflineBufferOps* GetBufferOps(const KivOfflineIntfCbs* cbs) {
 }
 
 int32_t TranslateToKivBuffer(const camera3_stream_buffer_t* halBuffer, KivStreamBuffer* kivBuffer) {
+    WaitIfHeld(Slot::TranslateToKivBuffer);
     CallRecord record;
     record.slot = Slot::TranslateToKivBuffer;
     record.pointer = halBuffer;
@@ -500,6 +501,56 @@ KivOfflineIntfCbs MakeContextTable(const Script& script) {
 
 // ---------------------------------------------------------------------------------------------
 // Control API
+
+namespace {
+
+// One call held on entry, for tests that line up a call with others.
+struct CallHold {
+    std::mutex lock;
+    std::condition_variable changed;
+    Slot slot = Slot::OpenContext;
+    bool armed = false;    // the next call of slot is held
+    bool waiting = false;  // a call is held now
+    bool released = false;
+};
+
+CallHold& Hold() {
+    static CallHold* sHold = new CallHold;
+    return *sHold;
+}
+
+}  // namespace
+
+void WaitIfHeld(Slot slot) {
+    CallHold& hold = Hold();
+    std::unique_lock<std::mutex> lock(hold.lock);
+    if (!hold.armed || hold.slot != slot) return;
+    hold.armed = false;
+    hold.waiting = true;
+    hold.changed.notify_all();
+    hold.changed.wait(lock, [&hold] { return hold.released; });
+    hold.waiting = false;
+    hold.changed.notify_all();
+}
+
+void HoldNextCall(Slot slot) {
+    std::lock_guard<std::mutex> lock(Hold().lock);
+    Hold().slot = slot;
+    Hold().armed = true;
+    Hold().released = false;
+}
+
+void WaitForHeldCall() {
+    std::unique_lock<std::mutex> lock(Hold().lock);
+    Hold().changed.wait(lock, [] { return Hold().waiting; });
+}
+
+void ReleaseHeldCall() {
+    std::unique_lock<std::mutex> lock(Hold().lock);
+    Hold().released = true;
+    Hold().changed.notify_all();
+    Hold().changed.wait(lock, [] { return !Hold().waiting; });
+}
 
 void SetSlotAbsent(Slot slot, bool absent) {
     Reg().SetAbsent(slot, absent);

@@ -148,6 +148,8 @@ size_t DefaultStaticEntries();
 // BackendSession.cpp
 uint64_t SlotOpenSession(const KivOfflineIntfCbs* cbs, const KivOfflineSessionInfo* info);
 int32_t SlotCloseSession(uint64_t session);
+// Waits while a test holds the next call of this slot (HoldNextCall).
+void WaitIfHeld(Slot slot);
 int32_t SlotConfigureSession(uint64_t session, KivOfflineSessionConfigInfo* info);
 int32_t SlotExecuteRequest(uint64_t session, KivOfflineCaptureRequestInfo* request);
 int32_t SlotFlush(uint64_t session, KivOfflineFlushInfo* info);

@@ -226,5 +226,30 @@ TEST_F(ClientRegistrationTest, DeathCleansUpAndKeepsLentBuffers) {
     EXPECT_SCENARIO(DeathCleansUpAndKeepsLentBuffers);
 }
 
+// A death notice reaches the service late, on the binder library's death thread: its client has
+// unregistered meanwhile, and another client took the freed slot. The notice concerns its own
+// registration only.
+void ALateDeathNoticeConcernsOnlyItsRegistration(Scenario& s) {
+    auto dying = ::ndk::SharedRefBase::make<TestClient>();
+    auto next = ::ndk::SharedRefBase::make<TestClient>();
+    ASSERT_TRUE(s.Service().registerClient(4, dying->Remote()).isOk());
+    ::ndk::host::holdDeathNotices(true);
+    ::ndk::host::killOnDeathThread(dying->asBinder().get());
+    EXPECT_TRUE(s.Service().unRegisterClient(4).isOk());
+    ASSERT_TRUE(s.Service().registerClient(5, next->Remote()).isOk());
+    LogCapture::Clear();
+    ::ndk::host::holdDeathNotices(false);
+    ::ndk::host::waitForDeathNotices();
+    EXPECT_EQ(std::vector<LogLine>{ServiceLine(ANDROID_LOG_INFO,
+                                               "422 binderDied:client callback died clientID:4")},
+              LogCapture::Lines(kServiceTag));
+    EXPECT_TRUE(InCore(5));
+    EXPECT_EQ(1u, Links(next));
+    EXPECT_TRUE(s.Service().unRegisterClient(5).isOk());
+}
+TEST_F(ClientRegistrationTest, ALateDeathNoticeConcernsOnlyItsRegistration) {
+    EXPECT_SCENARIO(ALateDeathNoticeConcernsOnlyItsRegistration);
+}
+
 }  // namespace
 }  // namespace offlinecamera::test

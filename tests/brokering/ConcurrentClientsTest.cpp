@@ -1,8 +1,9 @@
 /*
- * Clients register, unregister and die on several binder threads at once. The producer stays
- * out of it: the core's registry is not locked, and the HAL must not use a client while clients
- * come and go.
+ * Clients register, unregister and die on several binder threads at once, while the producer
+ * works with a client that stays.
  */
+#include <hostplatform/BinderTesting.h>
+
 #include <atomic>
 #include <thread>
 
@@ -16,6 +17,7 @@ constexpr int32_t kThreads = 4;
 constexpr int kRounds = 200;
 constexpr int32_t kDoomedBase = 100;
 constexpr int32_t kDoomed = 4;
+constexpr int32_t kStaying = 50;
 
 class ConcurrentClientsTest : public BalancedTest {};
 
@@ -44,16 +46,36 @@ void RegistrationsAndDeathsOnManyThreads(Scenario& s) {
             }
         });
     }
-    // Death notifications arrive on threads of their own.
-    for (int32_t half = 0; half < 2; half++) {
-        threads.emplace_back([&doomed, &waitForGo, half] {
-            waitForGo();
-            for (int32_t i = half; i < kDoomed; i += 2) doomed[i]->Die();
-        });
-    }
+    // Death notices arrive on the binder library's death thread.
+    threads.emplace_back([&doomed, &waitForGo] {
+        waitForGo();
+        for (int32_t i = 0; i < kDoomed; i++) {
+            ::ndk::host::killOnDeathThread(doomed[i]->asBinder().get());
+        }
+    });
+    // The producer borrows and gives back buffers of a client that stays registered.
+    auto staying = ::ndk::SharedRefBase::make<TestClient>();
+    ASSERT_TRUE(s.Service().registerClient(kStaying, staying->Remote()).isOk());
+    camera3_stream_t stream = MakeStream(8, 8, HAL_PIXEL_FORMAT_RGBA_8888);
+    threads.emplace_back([&failures, &waitForGo, &stream] {
+        Producer producer(kStaying);
+        OfflineCameraService* core = OfflineCameraService::GetInstance();
+        waitForGo();
+        for (int round = 0; round < kRounds; round++) {
+            if (!core->RegisterProducerClient(kStaying)) failures++;
+            if (producer.Request({&stream}, {2}) != CAMERA3_BUF_REQ_OK) failures++;
+            if (producer.Result(static_cast<uint32_t>(round), nullptr,
+                                {producer.Buffer(0, 1), producer.Buffer(0, 0)}) != 0) {
+                failures++;
+            }
+        }
+    });
     go = true;
     for (std::thread& thread : threads) thread.join();
+    ::ndk::host::waitForDeathNotices();
     EXPECT_EQ(0, failures.load());
+    EXPECT_EQ(static_cast<size_t>(kRounds), staying->Results().size());
+    EXPECT_TRUE(s.Service().unRegisterClient(kStaying).isOk());
 
     // Nobody is left registered, in the service or in the core.
     for (int32_t id = 0; id < kThreads; id++) {

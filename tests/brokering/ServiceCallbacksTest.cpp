@@ -149,6 +149,51 @@ TEST_F(ServiceCallbacksTest, DeadClientIsNotFound) {
     EXPECT_SCENARIO(DeadClientIsNotFound);
 }
 
+// The client leaves between the core's check of its id and the delivery of a result that hands
+// buffers back: the producer has been told they went back, so they are freed.
+void AResultForAClientThatJustLeftFreesItsBuffers(Scenario& s) {
+    auto client = ::ndk::SharedRefBase::make<TestClient>();
+    ASSERT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
+    camera3_stream_t stream = TestStream();
+    Producer producer(kClient);
+    const size_t imports = ::android::hostgralloc::liveImportCount();
+    ASSERT_EQ(CAMERA3_BUF_REQ_OK, producer.Request({&stream}, {2}));
+    ASSERT_EQ(0, producer.Result(1, nullptr, {}));
+    ASSERT_TRUE(s.Service().unRegisterClient(kClient).isOk());
+    camera3_capture_result_t result = *producer.LastResult();
+    const camera3_stream_buffer_t lent[] = {producer.Buffer(0, 1), producer.Buffer(0, 0)};
+    result.num_output_buffers = 2;
+    result.output_buffers = lent;
+    const ClientCallbacks& callbacks = PublishedService()->clientCallbacks();
+    callbacks.pResult(&callbacks, kClient, &result);
+    EXPECT_EQ(imports, ::android::hostgralloc::liveImportCount());
+    EXPECT_EQ(1u, client->Results().size());
+}
+TEST_F(ServiceCallbacksTest, AResultForAClientThatJustLeftFreesItsBuffers) {
+    EXPECT_SCENARIO(AResultForAClientThatJustLeftFreesItsBuffers);
+}
+
+// A death notice on its way when the service object goes (the library is unloaded).
+void ADeathNoticeOutlivesTheService(Scenario&) {
+    auto service = ::ndk::SharedRefBase::make<OfflineCameraAIDLService>();
+    auto client = ::ndk::SharedRefBase::make<TestClient>();
+    ASSERT_TRUE(service->registerClient(kClient, client->Remote()).isOk());
+    ::ndk::host::holdDeathNotices(true);
+    ::ndk::host::killOnDeathThread(client->asBinder().get());
+    service.reset();
+    LogCapture::Clear();
+    ::ndk::host::holdDeathNotices(false);
+    ::ndk::host::waitForDeathNotices();
+    EXPECT_EQ(std::vector<LogLine>{ServiceLine(ANDROID_LOG_INFO,
+                                               "422 binderDied:client callback died clientID:7")},
+              LogCapture::Lines(kServiceTag));
+    // The core keeps the id of a client of a service that is gone.
+    OfflineCameraService::GetInstance()->unRegisterConsumerClient(kClient);
+}
+TEST_F(ServiceCallbacksTest, ADeathNoticeOutlivesTheService) {
+    EXPECT_SCENARIO(ADeathNoticeOutlivesTheService);
+}
+
 TEST(CheckedLookupTest, MissingKeyStopsTheProcess) {
     std::unordered_map<int32_t, std::vector<ClientBufferRecord>> lists;
     lists[1].push_back({1, 2, nullptr});

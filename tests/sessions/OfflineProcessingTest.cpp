@@ -11,8 +11,10 @@
 #include <system/camera_metadata.h>
 
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "OfflineCameraAIDLSession.h"
@@ -69,6 +71,13 @@ class RecordingCallback : public BnOfflineCameraSessionCallback {
         return ::ndk::ScopedAStatus::ok();
     }
     ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& results) override {
+        std::function<void()> action;
+        {
+            std::lock_guard<std::mutex> lock(mLock);
+            action.swap(mOnResult);
+        }
+        // What the client does while it handles the results: calls into sessions, drops them.
+        if (action) action();
         std::lock_guard<std::mutex> lock(mLock);
         mResultCalls++;
         for (const CaptureResult& result : results) {
@@ -95,6 +104,11 @@ class RecordingCallback : public BnOfflineCameraSessionCallback {
         std::lock_guard<std::mutex> lock(mLock);
         return mResultCalls;
     }
+    // The next result call runs action first.
+    void OnNextResult(std::function<void()> action) {
+        std::lock_guard<std::mutex> lock(mLock);
+        mOnResult = std::move(action);
+    }
 
   private:
     // Guards everything received; the backend's thread delivers while the test reads.
@@ -102,6 +116,7 @@ class RecordingCallback : public BnOfflineCameraSessionCallback {
     std::vector<NotifyMsg> mMessages;
     std::vector<ReceivedResult> mResults;
     size_t mResultCalls = 0;
+    std::function<void()> mOnResult;
 };
 
 Stream MakeStream(int32_t id, StreamType type) {
@@ -592,6 +607,178 @@ TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
 
 TEST(OfflineProcessingTest, ASessionWithoutAClientDropsWhatComesBack) {
     EXPECT_IN_CHILD(ASessionWithoutAClientDropsWhatComesBack);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Uses that the interface allows: several binder threads, nested calls, references dropped in
+// callbacks.
+
+// The client drops its last reference to the session while it handles the session's result: the
+// session goes once the delivery has ended.
+void DroppedInsideItsOwnDelivery(ChildScenario& s) {
+    RemoteClient client(s);
+    ProcessingSession opened(client, "dropped");
+    opened.ConfigureInputAndOutput();
+    opened.callback->OnNextResult([&opened] { opened.session.reset(); });
+    EXPECT_EQ(1000, opened.Process(MakeRequest(1, 1, 2, 3)));
+    ASSERT_TRUE(WaitUntil([] { return kivref::LiveSessions() == 0; }));
+    ASSERT_EQ(1u, opened.callback->Results().size());
+    EXPECT_EQ(3, opened.callback->Results()[0].outputBuffers.at(0).bufferId);
+    // Its buffers went with the delivery: the two inputs given back before and the output.
+    EXPECT_EQ(3u, CountWithPrefix(LogCapture::Lines(kSessionTag), "182 freeReturnedBuffers, fd:"));
+}
+
+// A client whose result callback flushes another session, whose backend delivers that session's
+// results before the flush returns.
+void ResultCallbackFlushesAnotherSession(ChildScenario& s) {
+    s.FailIfStuck(30);
+    RemoteClient client(s);
+    ProcessingSession a(client, "a");
+    ProcessingSession b(client, "b");
+    a.ConfigureInputAndOutput();
+    b.ConfigureInputAndOutput();
+    kivref::SetAutoDeliver(false);
+    b.Process(MakeRequest(1, 1, 1, 2));
+    a.Process(MakeRequest(1, 1, 1, 2));
+    a.callback->OnNextResult([&b] { EXPECT_TRUE(b.session->flushOfflineSession({}).isOk()); });
+    EXPECT_TRUE(a.session->flushOfflineSession({}).isOk());
+    EXPECT_EQ(1u, a.callback->Results().size());
+    EXPECT_EQ(1u, b.callback->Results().size());
+    kivref::SetAutoDeliver(true);
+}
+
+// A buffer refused (its id is still out) and followed by one that imports: the request is
+// converted in full, and every camera3 buffer that the backend was given is still readable while
+// it executes the request.
+void RefusedBufferIsReadableDuringExecution(ChildScenario& s) {
+    RemoteClient client(s);
+    ProcessingSession opened(client, "refused");
+    opened.ConfigureInputAndOutput();
+    kivref::SetAutoDeliver(false);
+    opened.Process(MakeRequest(1, 1, 1, 2));
+    OfflineCaptureRequest reused = MakeRequest(2, 3, 1, 2);
+    reused.outputBuffers.push_back(MakeBuffer(kOutputStream, 4));
+    kivref::ClearCalls();
+    opened.Process(std::move(reused));
+    std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
+    ASSERT_EQ(1u, executed.size());
+    EXPECT_EQ(0, executed[0].status);
+    EXPECT_EQ(2, executed[0].ints[1]);
+    // Closed with both requests held: they go without being processed.
+    EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+    kivref::SetAutoDeliver(true);
+}
+
+// Two binder threads send requests on one session: each request keeps what it hands to the
+// backend until the backend has taken it.
+void ConcurrentRequestsOnOneSession(ChildScenario& s) {
+    RemoteClient client(s);
+    ProcessingSession opened(client, "concurrent");
+    opened.ConfigureInputAndOutput();
+    kivref::HoldNextCall(kivref::Slot::ExecuteRequest);
+    // The backend numbers the second request first.
+    std::thread first([&opened] { EXPECT_EQ(1001, opened.Process(MakeRequest(1, 1, 2, 3))); });
+    kivref::WaitForHeldCall();
+    EXPECT_EQ(1000, opened.Process(MakeRequest(2, 4, 2, 6)));
+    kivref::ReleaseHeldCall();
+    first.join();
+    ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+    EXPECT_EQ(2u, opened.callback->Results().size());
+    EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+}
+
+// The client closes the session on one binder thread while a request is on its way on another:
+// the close frees the request's buffers only once the request is done with them.
+void CloseWhileARequestIsOnItsWay(ChildScenario& s) {
+    RemoteClient client(s);
+    ProcessingSession opened(client, "closing");
+    opened.ConfigureInputAndOutput();
+    kivref::HoldNextCall(kivref::Slot::TranslateToKivBuffer);
+    std::thread request([&opened] { opened.Process(MakeRequest(1, 1, 2, 3)); });
+    kivref::WaitForHeldCall();
+    std::atomic<bool> closed{false};
+    std::thread close([&opened, &closed] {
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        closed = true;
+    });
+    // The close must not end before the request is done; give it the time to do so wrongly.
+    for (int i = 0; i < 200 && !closed; i++) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_FALSE(closed);
+    kivref::ReleaseHeldCall();
+    request.join();
+    close.join();
+    // The backend had closed the session when the request reached it.
+    EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"}, LogCapture::TakePlatformErrorTags());
+}
+
+// A session gives back exactly the metadata holds that it took: one never configured, or closed
+// twice, gives back none, and one configured twice gives back two.
+void MetadataHoldsGivenBackAreThoseTaken(ChildScenario& s) {
+    RemoteClient client(s);
+    ProcessingSession configured(client, "configured");
+    configured.ConfigureInputAndOutput();
+    {
+        ProcessingSession unconfigured(client, "unconfigured");
+        EXPECT_TRUE(unconfigured.session->closeOfflineSession().isOk());
+        EXPECT_TRUE(unconfigured.session->closeOfflineSession().isOk());
+        EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"},
+                  LogCapture::TakePlatformErrorTags());
+    }
+    EXPECT_EQ(1u, kivref::OpenMetadataOps());
+    // The configured session still converts its results' metadata.
+    EXPECT_EQ(1000, configured.Process(MakeRequest(1, 1, 1, 2)));
+    ASSERT_TRUE(kivref::WaitIdle(configured.handle));
+    ASSERT_EQ(1u, configured.callback->Results().size());
+    EXPECT_FALSE(configured.callback->Results()[0].metadata.empty());
+
+    configured.ConfigureInputAndOutput();
+    EXPECT_TRUE(configured.session->closeOfflineSession().isOk());
+    EXPECT_EQ(0u, kivref::OpenMetadataOps());
+}
+
+// Configurations of a session while the backend delivers its results from its own thread.
+void ReconfiguredWhileResultsArrive(ChildScenario& s) {
+    RemoteClient client(s);
+    ProcessingSession opened(client, "reconfigured");
+    opened.ConfigureInputAndOutput();
+    std::thread requests([&opened] {
+        for (int64_t i = 0; i < 20; i++) opened.Process(MakeRequest(1, 10 * i + 1, 2, 10 * i + 3));
+    });
+    for (int i = 0; i < 20; i++) opened.ConfigureInputAndOutput();
+    requests.join();
+    ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+    EXPECT_EQ(20u, opened.callback->Results().size());
+    EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+}
+
+TEST(OfflineSessionUseTest, DroppedInsideItsOwnDelivery) {
+    EXPECT_IN_CHILD(DroppedInsideItsOwnDelivery);
+}
+
+TEST(OfflineSessionUseTest, ResultCallbackFlushesAnotherSession) {
+    EXPECT_IN_CHILD(ResultCallbackFlushesAnotherSession);
+}
+
+TEST(OfflineSessionUseTest, RefusedBufferIsReadableDuringExecution) {
+    EXPECT_IN_CHILD(RefusedBufferIsReadableDuringExecution);
+}
+
+TEST(OfflineSessionUseTest, ConcurrentRequestsOnOneSession) {
+    EXPECT_IN_CHILD(ConcurrentRequestsOnOneSession);
+}
+
+TEST(OfflineSessionUseTest, CloseWhileARequestIsOnItsWay) {
+    EXPECT_IN_CHILD(CloseWhileARequestIsOnItsWay);
+}
+
+TEST(OfflineSessionUseTest, MetadataHoldsGivenBackAreThoseTaken) {
+    EXPECT_IN_CHILD(MetadataHoldsGivenBackAreThoseTaken);
+}
+
+TEST(OfflineSessionUseTest, ReconfiguredWhileResultsArrive) {
+    EXPECT_IN_CHILD(ReconfiguredWhileResultsArrive);
 }
 
 }  // namespace

@@ -218,6 +218,23 @@ void AClientDeathIsOnlyLogged(ChildScenario& s) {
     EXPECT_EQ(1u, CallsOf(kivref::Slot::CloseSession).size());
 }
 
+// The client's death notice is on its way, on the binder library's death thread, when the
+// client's last reference to the session goes.
+void ADeathNoticeAfterTheLastReference(ChildScenario& s) {
+    RemoteClient client(s);
+    OpenedSession opened = client.OpenSession("late");
+    ::ndk::host::holdDeathNotices(true);
+    ::ndk::host::killOnDeathThread(opened.callback.binder.get());
+    opened.session.reset();
+    EXPECT_EQ(0u, kivref::LiveSessions());
+    LogCapture::Clear();
+    ::ndk::host::holdDeathNotices(false);
+    ::ndk::host::waitForDeathNotices();
+    EXPECT_EQ((std::vector<LogLine>{{ANDROID_LOG_INFO, kSessionTag,
+                                     "110 binderDied: client callback die, session name:late"}}),
+              LogCapture::Lines(kSessionTag));
+}
+
 void TwoSessionsWithOneNameAreIndependent(ChildScenario& s) {
     RemoteClient client(s);
     {
@@ -256,6 +273,10 @@ TEST(OfflineSessionLifeTest, ClosingTwiceClosesTheBackendTwice) {
 
 TEST(OfflineSessionLifeTest, AClientDeathIsOnlyLogged) {
     EXPECT_IN_CHILD(AClientDeathIsOnlyLogged);
+}
+
+TEST(OfflineSessionLifeTest, ADeathNoticeAfterTheLastReference) {
+    EXPECT_IN_CHILD(ADeathNoticeAfterTheLastReference);
 }
 
 TEST(OfflineSessionLifeTest, TwoSessionsWithOneNameAreIndependent) {

@@ -4,6 +4,8 @@
 #include <stdio.h>
 #include <unistd.h>
 
+#include <thread>
+
 #include "LogCapture.h"
 
 namespace offlinecamera::test {
@@ -16,6 +18,16 @@ ChildScenario::ChildScenario() {
 
 void ChildScenario::Settle() {
     mStart = ProcessCounts::Take();
+}
+
+void ChildScenario::FailIfStuck(unsigned seconds) {
+    std::thread([seconds] {
+        sleep(seconds);
+        fprintf(stderr, "the scenario is stuck after %u s\nlog:\n%s", seconds,
+                LogCapture::Dump().c_str());
+        fflush(stderr);
+        _exit(2);
+    }).detach();
 }
 
 void ChildScenario::ExpectBalanced() const {

@@ -38,6 +38,12 @@ class ChildScenario {
     /* Imported buffers that the scenario leaves on purpose, each holding its descriptor. */
     void KeepImports(size_t count) { mKeptImports = count; }
 
+    /*
+     * Ends the child with a failure if the scenario has not finished within this many seconds:
+     * a deadlock fails the test instead of hanging it.
+     */
+    void FailIfStuck(unsigned seconds);
+
     /* Adds a failure unless the counts are the start's plus what is kept on purpose. */
     void ExpectBalanced() const;
 

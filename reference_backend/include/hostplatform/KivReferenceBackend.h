@@ -157,10 +157,12 @@ KIVREF_EXPORT int32_t DeliverResults(uint64_t session,
 KIVREF_EXPORT int32_t DeliverMessages(uint64_t session,
                                       const std::vector<camera3_notify_msg_t>& messages);
 
-// While held, ExecuteRequest calls wait on entry, before they read the request; releasing lets
-// them go on. WaitForHeldExecuteRequests waits until `count` calls wait there.
-KIVREF_EXPORT void HoldExecuteRequests(bool held);
-KIVREF_EXPORT void WaitForHeldExecuteRequests(size_t count);
+// The next call of `slot` (ExecuteRequest or TranslateToKivBuffer) waits on entry, before it
+// reads its arguments, until ReleaseHeldCall(); calls after it go on. WaitForHeldCall waits until
+// that call is held; ReleaseHeldCall lets it go on and waits until it has.
+KIVREF_EXPORT void HoldNextCall(Slot slot);
+KIVREF_EXPORT void WaitForHeldCall();
+KIVREF_EXPORT void ReleaseHeldCall();
 
 // Waits until the session's worker has delivered everything it may deliver now (with automatic
 // delivery off, held requests do not count). False for an unknown session.
