@@ -67,12 +67,13 @@ uint8_t ReplyByte(Reply reply) {
 
 bool RegistrationSeeds(const std::string& dir) {
     bool ok = true;
-    // One round trip: register, two streams of two buffers, results with and without metadata.
+    // One round trip: register, two streams of two buffers, results with and without metadata,
+    // each giving back two buffers in another order.
     const std::vector<uint8_t> roundTrip = {
-            kRegister,   kId7,    0,    kProducer, kId7,    1,    kRequest,
-            kId7,        2,       2,    0,         2,       1,    ReplyByte(Reply::kLend),
-            0,           kResult, kId7, 0x06,      kResult, kId7, 0x12,
-            kUnregister, kId7};
+            kRegister, kId7,    0,    kProducer, kId7,        1,   kRequest,
+            kId7,      2,       2,    0,         2,           1,   ReplyByte(Reply::kLend),
+            0,         kResult, kId7, 0x06,      1,           0,   kResult,
+            kId7,      0x12,    0,    0,         kUnregister, kId7};
     ok &= WriteFile(dir + "/round-trip", roundTrip.data(), roundTrip.size());
 
     // The client dies with buffers lent; the HAL's result then finds no consumer.
@@ -92,7 +93,8 @@ bool RegistrationSeeds(const std::string& dir) {
                                         1,
                                         kResult,
                                         kIdMinusOne,
-                                        0x01};
+                                        0x01,
+                                        0};
     ok &= WriteFile(dir + "/death-with-buffers", death.data(), death.size());
 
     // Eleven clients: the eleventh is refused until one leaves; one registers without a death
@@ -108,7 +110,8 @@ bool RegistrationSeeds(const std::string& dir) {
     // Every kind of client reply, each followed by a result that names a buffer never lent.
     std::vector<uint8_t> replies = {kRegister, 2, 2};
     for (uint8_t reply = 0; reply < static_cast<uint8_t>(Reply::kCount); reply++) {
-        replies.insert(replies.end(), {kRequest, 2, 2, 2, 1, 1, 3, reply, 1, kResult, 2, 0x0b, 1});
+        replies.insert(replies.end(),
+                       {kRequest, 2, 2, 2, 1, 1, 3, reply, 1, kResult, 2, 0x0b, 2, 0, 1, 1});
     }
     ok &= WriteFile(dir + "/replies", replies.data(), replies.size());
     return ok;

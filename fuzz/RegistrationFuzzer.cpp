@@ -9,16 +9,11 @@
  * hand results back. At the end the fuzzer cleans up as a HAL does and checks that imports,
  * descriptors and binders are back where they were.
  *
- * The fuzzer plays a well-behaved camera HAL. The library keeps the buffers it lends to the HAL
- * in a list per client and gives the HAL pointers into that list, so the HAL's contract is:
- *  - it hands buffers back last lent first, alone or in results whose buffers are in that order;
- *  - it holds at most kLentRoom buffers of one client at a time, counting those that the
- *    request it is about to make may bring (the list keeps that much room and does not move);
- *  - the consumer is asked for the first request's count on every stream, so every output array
- *    has room for that many buffers as well as for its own request's;
- *  - it zeroes its output arrays before a request and treats every entry that comes back with a
- *    buffer as lent, also when the request as a whole failed;
- *  - it calls the producer operations from one thread, never while clients come and go.
+ * The fuzzer plays a camera HAL that keeps the producer's contract: each output array has room
+ * for its own request's count (and not one entry more, so that the address sanitizer sees a
+ * write past it), it zeroes its output arrays before a request and treats every entry that comes
+ * back with a buffer as lent, also when the request as a whole failed. It holds any number of
+ * buffers, asks with any counts and hands buffers back in any order.
  * The process stop that brokering has by design is kept out of the way: a client reply holding an
  * error instead of a buffer list ends the process in the generated union accessor, so the fuzz
  * clients always answer with the buffers alternative. (The other one, a buffer coming back for a
@@ -73,7 +68,6 @@ using ::offlinecamera::fuzz::Reply;
 constexpr const int32_t (&kIds)[kNumIds] = ::offlinecamera::fuzz::kClientIds;
 
 constexpr size_t kMaxOps = 64;
-constexpr size_t kLentRoom = 32;
 
 struct ReplyScript {
     Reply reply = Reply::kLend;
@@ -216,12 +210,12 @@ class Run {
     void Register(Program& program);
     void Request(Program& program);
     void Result(Program& program);
-    /* Gives back the last-lent buffer of the id alone; false when the id has no consumer. */
+    /* Gives back the last-held buffer of the id alone; false when the id has no consumer. */
     bool ReturnOne(size_t idIndex);
 
     OfflineCameraService* mCore;
     std::array<std::shared_ptr<FuzzClient>, kNumClients> mClients;
-    // Buffers the HAL holds per id, in lending order.
+    // Buffers the HAL holds per id.
     std::array<std::vector<buffer_handle_t*>, kNumIds> mHeld;
     uint32_t mFrame = 0;
 };
@@ -295,16 +289,13 @@ void Run::Request(Program& program) {
             BufferRequestStatus::FAILED_ILLEGAL_ARGUMENTS, BufferRequestStatus::FAILED_UNKNOWN};
     gReply.status = kStatuses[gReply.faultAt % 4];
 
-    // Every stream may bring the first request's count and one more.
-    if (mHeld[idIndex].size() + numStreams * (counts[0] + 1) > kLentRoom) return;
-
     camera3_buffer_request_t requests[2] = {};
     camera3_stream_buffer_ret_t returned[2] = {};
     std::vector<camera3_stream_buffer_t> outputs[2];
     for (size_t i = 0; i < numStreams; i++) {
         requests[i].stream = const_cast<camera3_stream_t*>(streams[i]);
         requests[i].num_buffers_requested = counts[i];
-        outputs[i].assign(std::max(counts[0], counts[i]), camera3_stream_buffer_t{});
+        outputs[i].assign(counts[i], camera3_stream_buffer_t{});
         returned[i].stream = requests[i].stream;
         returned[i].status = CAMERA3_PS_BUF_REQ_OK;
         returned[i].output_buffers = outputs[i].data();
@@ -329,7 +320,11 @@ void Run::Request(Program& program) {
     }
     if (status == CAMERA3_BUF_REQ_OK) {
         Check(numReturned == numStreams);
-        if (gReply.reply == Reply::kLend) Check(filled == numStreams * counts[0]);
+        // Each stream is asked for the first request's count, or for less where it has less
+        // room.
+        size_t asked = 0;
+        for (size_t i = 0; i < numStreams; i++) asked += std::min(counts[0], counts[i]);
+        if (gReply.reply == Reply::kLend) Check(filled == asked);
     }
 }
 
@@ -347,10 +342,17 @@ void Run::Result(Program& program) {
     const int bufferStatus =
             (shape & 0x10) != 0 ? CAMERA3_BUFFER_STATUS_ERROR : CAMERA3_BUFFER_STATUS_OK;
 
-    std::vector<camera3_stream_buffer_t> outputs;
+    // Any of the held buffers, in any order.
+    std::vector<buffer_handle_t*> chosen;
+    std::vector<buffer_handle_t*> rest = held;
     for (size_t n = 0; n < count; n++) {
-        outputs.push_back(
-                {&gStreams[0], held[held.size() - 1 - n], bufferStatus, -1, -1, 0, nullptr});
+        const size_t k = program.Below(rest.size());
+        chosen.push_back(rest[k]);
+        rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(k));
+    }
+    std::vector<camera3_stream_buffer_t> outputs;
+    for (buffer_handle_t* buffer : chosen) {
+        outputs.push_back({&gStreams[0], buffer, bufferStatus, -1, -1, 0, nullptr});
     }
     const size_t unknownAt = withUnknown ? program.Below(count + 1) : count;
     if (withUnknown) {
@@ -367,7 +369,9 @@ void Run::Result(Program& program) {
     result.partial_result = 1;
     if (mCore->ProcessCaptureResult(kIds[idIndex], &result) == 0) {
         // Buffers before a buffer that was never lent go back; the rest stay with the HAL.
-        held.resize(held.size() - unknownAt);
+        for (size_t n = 0; n < unknownAt; n++) {
+            held.erase(std::find(held.begin(), held.end(), chosen[n]));
+        }
     }
 }
 

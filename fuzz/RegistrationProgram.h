@@ -12,8 +12,9 @@
  *   kRequest     id, streams (% 3), count 0, stream 0, count 1, stream 1 (counts % 4), reply
  *                (% Reply::kCount), fault (where the reply's fault lands, and the failed status)
  *   kResult      id, shape: 0xff is a null result; else bits 0-1 the number of held buffers
- *                given back, 0x04 metadata, 0x08 a buffer that was never lent (then one more
- *                byte: its place), 0x10 the buffers' status is ERROR
+ *                given back (then one byte per buffer: which of those still to choose from),
+ *                0x04 metadata, 0x08 a buffer that was never lent (then one more byte: its
+ *                place), 0x10 the buffers' status is ERROR
  */
 #pragma once
 

@@ -63,7 +63,6 @@ ClientSession::ClientSession(const std::string& name) {
 
 void ClientSession::Configure(const OfflineSessionConfiguration& config) {
     Check(mSession->configureOfflineSession(config).isOk());
-    mConfiguredCameras.push_back(static_cast<uint32_t>(atoi(config.cameraId.c_str())));
 }
 
 int32_t ClientSession::Process(const std::vector<OfflineCaptureRequest>& requests) {
@@ -79,12 +78,8 @@ void ClientSession::ClientDies() {
 void ClientSession::End(bool close) {
     if (close) Check(mSession->closeOfflineSession().isOk());
     mSession.reset();
-    Check(kivref::LiveSessions() == 0);
-    // Closing gave back the hold of the last configuration.
-    for (size_t i = 0; i + 1 < mConfiguredCameras.size(); i++) {
-        OfflineCameraService::GetInstance()->DeInitMetaOps(mConfiguredCameras[i]);
-    }
-    mConfiguredCameras.clear();
+    // A delivery under way holds the session until it ends, on the backend's thread.
+    Check(::offlinecamera::test::WaitUntil([] { return kivref::LiveSessions() == 0; }));
 }
 
 MetadataOpsHold::MetadataOpsHold(std::vector<uint32_t> cameraIds)

@@ -3,11 +3,6 @@
  * reference backend bound, a session client in "another process" (its callback and its session
  * reached through proxies of remote binders), the buffers it allocates and the counts that every
  * input must give back.
- *
- * Every configuration takes the camera's metadata operations once more and closing gives back one
- * hold, so a session configured n times keeps n - 1 holds after it ends. ClientSession::End gives
- * those back as the process owner would, so that the operation tables and the metadata made for
- * the camera end with the session.
  */
 #pragma once
 
@@ -67,9 +62,8 @@ class ClientSession {
     /* The client's process dies; the session stays until its last reference goes. */
     void ClientDies();
     /*
-     * Closes the session (or only drops it, so that its last reference closes it), lets the
-     * backend session go, and gives back the metadata operation holds of the configurations
-     * beyond the last. The client's callback stays until this object goes.
+     * Closes the session (or only drops it, so that its last reference closes it) and waits
+     * until the backend session has gone. The client's callback stays until this object goes.
      */
     void End(bool close);
 
@@ -78,8 +72,6 @@ class ClientSession {
     ::ndk::SpAIBinder mCallbackBinder;
     std::shared_ptr<IOfflineCameraSession> mSession;
     uint64_t mHandle = 0;
-    // The camera of each configuration, in order.
-    std::vector<uint32_t> mConfiguredCameras;
 };
 
 /*

@@ -90,10 +90,8 @@ void RequestProgram::Run() {
     const uint8_t header = mInput.Next();
     const auto configuration = static_cast<ConfigurationChoice>(header & 0x3);
     // The cameras that the session makes metadata for are held apart from it, so that metadata
-    // the library does not destroy stays counted. A session that was never configured gives
-    // back a hold on camera 0 when it closes, which it never took: its camera is not held.
-    std::vector<uint32_t> cameras;
-    if (configuration != ConfigurationChoice::kNone) cameras.push_back(0);
+    // the library does not destroy stays counted.
+    std::vector<uint32_t> cameras = {0};
     if (configuration == ConfigurationChoice::kStandardThenCameraOne) cameras.push_back(1);
     MetadataOpsHold hold(cameras);
     const auto start = ::offlinecamera::test::ProcessCounts::Take();
