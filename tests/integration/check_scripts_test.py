@@ -125,8 +125,58 @@ class SourceListsTest(TreeTest):
 
 
 class AidlApiTest(TreeTest):
-    PACKAGE = 'a.b'
-    INTERFACE = 'package a.b;\ninterface IFoo {\n    void f();\n}\n'
+    """Trees of a package a.b whose interface uses a parcelable of its own and one of c.d."""
+
+    SOURCES = {
+        'a/b/IFoo.aidl': """
+            /* License of the sources. */
+            package a.b;
+
+            import a.b.Bar;
+            import c.d.Ext;
+
+            /** Doc comments do not count. */
+            @VintfStability
+            interface IFoo {
+                // Neither do these.
+                Bar f(in Ext e,
+                        in Baz z);
+            }
+            """,
+        'a/b/Bar.aidl': 'package a.b;\n@VintfStability parcelable Bar { int x; c.d.Ext[] list; }\n',
+        'a/b/Baz.aidl': 'package a.b;\nparcelable Baz { Bar bar; @nullable List<Bar> more; }\n',
+    }
+    BANNER = """
+        ///////////////////////////////////////////////////////////////////////////////
+        // THIS FILE IS IMMUTABLE. DO NOT EDIT IN ANY CASE.                          //
+        ///////////////////////////////////////////////////////////////////////////////
+        """
+    # The sources as the platform's update-api and freeze-api write them: the banner, no doc
+    # comments, no imports, type names in full.
+    DUMP = {
+        'a/b/IFoo.aidl': BANNER + """
+            package a.b;
+            @VintfStability
+            interface IFoo {
+              a.b.Bar f(in c.d.Ext e, in a.b.Baz z);
+            }
+            """,
+        'a/b/Bar.aidl': BANNER + """
+            package a.b;
+            @VintfStability
+            parcelable Bar {
+              int x;
+              c.d.Ext[] list;
+            }
+            """,
+        'a/b/Baz.aidl': BANNER + """
+            package a.b;
+            parcelable Baz {
+              a.b.Bar bar;
+              @nullable List<a.b.Bar> more;
+            }
+            """,
+    }
 
     def setUp(self):
         super().setUp()
@@ -146,74 +196,113 @@ class AidlApiTest(TreeTest):
             ''' % (', '.join('{ version: "%s" }' % v for v in versions),
                    'true' if frozen else 'false'))
 
-    def freeze(self, version, text, previous):
-        write(self.aidl, 'aidl_api/a.b/%s/a/b/IFoo.aidl' % version, text)
+    def files(self, folder, files, **changes):
+        """Writes files below folder; changes maps a file's name (IFoo) to (old, new)."""
+        for path, text in files.items():
+            old, new = changes.get(os.path.basename(path)[:-5], ('', ''))
+            write(os.path.join(self.aidl, folder), path, text.replace(old, new))
+
+    def freeze(self, version, previous, lines=None, **changes):
+        """A frozen version as freeze-api writes it; lines are .hash lines before the hash."""
         folder = os.path.join(self.aidl, 'aidl_api', 'a.b', version)
+        self.files(folder, self.DUMP, **changes)
         digest = subprocess.run(['bash', os.path.join(self.aidl, 'compute_hash.sh'), folder,
                                  previous], capture_output=True, text=True, check=True).stdout
-        write(folder, '.hash', digest)
+        write(folder, '.hash', ''.join(line + '\n' for line in (lines or [])) + digest)
         return digest.strip()
+
+    def tree(self, versions=('2',), **changes):
+        """Sources, current/ and frozen versions, all of the same API, each hashed right."""
+        self.module(list(versions))
+        self.files('', self.SOURCES)
+        self.files('aidl_api/a.b/current', self.DUMP, **changes)
+        previous = 'latest-version'
+        for version in versions:
+            self.freeze(version, str(int(version) - 1) if version != '1' else previous)
 
     def run_check(self, *extra):
         return subprocess.run([sys.executable, os.path.join(self.root, 'scripts',
                                                             'check_aidl_api.py'), *extra,
                                self.root], capture_output=True, text=True)
 
-    def test_consistent_versions_pass(self):
-        self.module(['1', '2'])
-        self.freeze('1', 'package a.b;\ninterface IFoo {}\n', 'latest-version')
-        self.freeze('2', self.INTERFACE, '1')
-        write(self.aidl, 'a/b/IFoo.aidl', self.INTERFACE)
+    def expect(self, *messages):
         result = self.run_check()
-        self.assertEqual(0, result.returncode, result.stderr)
-        self.assertIn('a.b V2', result.stdout)
+        if not messages:
+            self.assertEqual(0, result.returncode, result.stderr)
+            return
+        self.assertEqual(1, result.returncode, result.stdout)
+        for message in messages:
+            self.assertIn(message, result.stderr)
 
-    def test_version_hashes_with_the_number_before_it(self):
-        # Version 2 hashes with "1" even when version 1 is not kept in the tree.
-        self.module(['2'])
-        self.freeze('2', self.INTERFACE, 'latest-version')
-        write(self.aidl, 'a/b/IFoo.aidl', self.INTERFACE)
-        result = self.run_check()
-        self.assertEqual(1, result.returncode)
-        self.assertIn('version 2: .hash holds', result.stderr)
-        self.freeze('2', self.INTERFACE, '1')
-        self.assertEqual(0, self.run_check().returncode)
-
-    def test_edited_frozen_file_and_stray_folder_are_reported(self):
-        self.module(['1'])
-        self.freeze('1', self.INTERFACE, 'latest-version')
-        write(self.aidl, 'aidl_api/a.b/1/a/b/IFoo.aidl', self.INTERFACE + '// edited\n')
-        write(self.aidl, 'aidl_api/a.b/3/a/b/IFoo.aidl', self.INTERFACE)
-        write(self.aidl, 'a/b/IFoo.aidl', self.INTERFACE)
-        result = self.run_check()
-        self.assertIn('version 1: .hash holds', result.stderr)
-        self.assertIn('aidl_api folder 3 is not in versions_with_info', result.stderr)
-
-    def test_frozen_sources_must_equal_the_latest_version(self):
-        self.module(['1'])
-        self.freeze('1', self.INTERFACE, 'latest-version')
-        write(self.aidl, 'a/b/IFoo.aidl', self.INTERFACE.replace('f()', 'g()'))
-        write(self.aidl, 'a/b/Bar.aidl', 'package a.b;\nparcelable Bar {}\n')
-        result = self.run_check()
-        self.assertIn('a/b/IFoo.aidl differs from version 1', result.stderr)
-        self.assertIn('a/b/Bar.aidl is not in version 1', result.stderr)
-        # An unfrozen interface may move on.
-        self.module(['1'], frozen=False)
-        self.assertEqual(0, self.run_check().returncode)
+    def test_trees_as_the_platform_checks_them(self):
+        wrong_hash = '0' * 40
+        cases = [
+            # (what, versions, breakage applied to the correct tree, messages; none: passes)
+            ('a real freeze of version 2 and its current/', ['2'], lambda: None, []),
+            ('no current/', ['2'], lambda: shutil.rmtree(
+                os.path.join(self.aidl, 'aidl_api', 'a.b', 'current')),
+             ['aidl_api/a.b/current is missing: write it with m a.b-update-api']),
+            ('current/ lags behind the sources', ['2'],
+             lambda: self.files('', self.SOURCES, IFoo=('in Baz z', 'in Baz z, in int n')),
+             ['a/b/IFoo.aidl of current differs from the sources',
+              'a/b/IFoo.aidl of version 2 differs from the sources']),
+            ('current/ lacks a file', ['2'], lambda: os.remove(
+                os.path.join(self.aidl, 'aidl_api', 'a.b', 'current', 'a', 'b', 'Baz.aidl')),
+             ['a/b/Baz.aidl is in the sources, not in current']),
+            ('a name in a dump resolves to another type', ['2'],
+             lambda: self.files('aidl_api/a.b/current', self.DUMP,
+                                IFoo=('a.b.Bar f', 'c.d.Bar f')),
+             ['a/b/IFoo.aidl of current differs from the sources ("interface IFoo { c.d.Bar '
+              'f (" against "interface IFoo { a.b.Bar f (")']),
+            ('a changed method signature in the sources of a frozen version', ['2'],
+             lambda: [self.files('', self.SOURCES, IFoo=('Bar f(', 'Baz f(')),
+                      self.files('aidl_api/a.b/current', self.DUMP,
+                                 IFoo=('a.b.Bar f(', 'a.b.Baz f('))],
+             ['frozen, but: a/b/IFoo.aidl of version 2 differs from the sources']),
+            ('a re-frozen .hash whose last line is right', ['2'],
+             lambda: self.freeze('2', '1', lines=[wrong_hash]), []),
+            ('a .hash whose last line is wrong', ['2'],
+             lambda: write(os.path.join(self.aidl, 'aidl_api', 'a.b', '2'), '.hash',
+                           self.freeze('2', '1') + '\n' + wrong_hash + '\n'),
+             ['version 2: .hash ends with %s' % wrong_hash]),
+            ('version 2 hashed as a first version', ['2'],
+             lambda: self.freeze('2', 'latest-version'), ['version 2: .hash ends with']),
+            ('a frozen file edited after the freeze', ['2'],
+             lambda: self.files('aidl_api/a.b/2', self.DUMP, Bar=('int x;', 'int x; // x')),
+             ['version 2: .hash ends with']),
+            ('a version folder outside versions_with_info', ['2'],
+             lambda: self.freeze('4', '3'),
+             ['aidl_api folder 4 is not in versions_with_info']),
+            ('a version without its folder', ['2'], lambda: self.module(['2', '3']),
+             ['version 3 has no folder interfaces/aidl/aidl_api/a.b/3']),
+            ('a correct freeze of version 3', ['2', '3'], lambda: None, []),
+            ('version 3 hashed with the wrong previous version', ['2', '3'],
+             lambda: self.freeze('3', '1'), ['version 3: .hash ends with']),
+            ('an unfrozen interface that moved on', ['2'], lambda: [
+                self.module(['2'], frozen=False),
+                self.files('', self.SOURCES, Bar=('int x;', 'int x; int y;')),
+                self.files('aidl_api/a.b/current', self.DUMP, Bar=('int x;', 'int x; int y;'))],
+             []),
+        ]
+        for what, versions, breakage, messages in cases:
+            with self.subTest(what):
+                shutil.rmtree(self.aidl + '/aidl_api', ignore_errors=True)
+                self.tree(versions)
+                breakage()
+                self.expect(*messages)
 
     def test_generated_code_must_carry_the_latest_version_and_hash(self):
-        self.module(['1'])
-        digest = self.freeze('1', self.INTERFACE, 'latest-version')
-        write(self.aidl, 'a/b/IFoo.aidl', self.INTERFACE)
+        self.tree(['2', '3'])
+        digest = self.freeze('3', '2', lines=['0' * 40])
         header = 'include/aidl/a/b/IFoo.h'
         gen = os.path.join(self.root, 'gen')
-        write(gen, header, 'static inline const int32_t version = 1;\n'
+        write(gen, header, 'static inline const int32_t version = 3;\n'
               'static inline const std::string hash = "%s";\n' % digest)
         self.assertEqual(0, self.run_check('--generated', gen).returncode)
         write(gen, header, 'static inline const int32_t version = 2;\n'
               'static inline const std::string hash = "%s";\n' % ('0' * 40))
         result = self.run_check('--generated', gen)
-        self.assertIn('carries version 2, not 1', result.stderr)
+        self.assertIn('carries version 2, not 3', result.stderr)
         self.assertIn('carries hash %s, not %s' % ('0' * 40, digest), result.stderr)
 
 
