@@ -76,15 +76,23 @@ class BlueprintTest(TreeTest):
 
 
 class SourceListsTest(TreeTest):
-    def make_tree(self, bp_srcs, cmake_body):
+    def make_tree(self, bp_srcs, cmake_body, whole_srcs=None):
+        """The library lists bp_srcs and, with whole_srcs, takes a static library of those."""
         for name in ('core/A.cpp', 'core/B.cpp', 'aidl_service/C.cpp'):
             write(self.root, name, '')
+        files = lambda srcs: ', '.join('"%s"' % s for s in srcs)  # noqa: E731
+        whole = '' if whole_srcs is None else 'whole_static_libs: ["objects"],'
         write(self.root, 'Android.bp', '''
+            cc_library_static {
+                name: "objects",
+                srcs: [%s],
+            }
             cc_library_shared {
                 name: "vendor.oru.hardware.camera.offlinecamera-impl",
                 srcs: [%s],
+                %s
             }
-            ''' % ', '.join('"%s"' % s for s in bp_srcs))
+            ''' % (files(whole_srcs or []), files(bp_srcs), whole))
         write(self.root, 'CMakeLists.txt', cmake_body)
 
     def run_check(self):
@@ -93,20 +101,28 @@ class SourceListsTest(TreeTest):
             capture_output=True, text=True)
 
     def test_same_files_in_another_order_agree(self):
-        self.make_tree(['core/B.cpp', 'core/A.cpp', 'aidl_service/C.cpp'], '''
+        cmake = '''
             set(OFFLINECAMERA_SRCS
                 core/A.cpp  # the core
                 core/B.cpp
             )
             list(APPEND OFFLINECAMERA_SRCS aidl_service/C.cpp)
-            ''')
-        result = self.run_check()
-        self.assertEqual(0, result.returncode, result.stderr)
-        self.assertIn('3 files', result.stdout)
+            '''
+        # The library's own srcs, or split between it and a static library it takes whole.
+        for bp_srcs, whole_srcs in ((['core/B.cpp', 'core/A.cpp', 'aidl_service/C.cpp'], None),
+                                    ([], ['core/B.cpp', 'core/A.cpp', 'aidl_service/C.cpp']),
+                                    (['core/B.cpp'], ['aidl_service/C.cpp', 'core/A.cpp'])):
+            self.make_tree(bp_srcs, cmake, whole_srcs)
+            result = self.run_check()
+            self.assertEqual(0, result.returncode, result.stderr)
+            self.assertIn('3 files', result.stdout)
+        # A static library that the library does not take whole does not count.
+        self.make_tree(['core/B.cpp'], cmake)
+        self.assertIn('only CMakeLists.txt lists core/A.cpp', self.run_check().stderr)
 
     def test_every_difference_is_named(self):
-        self.make_tree(['core/A.cpp', 'core/A.cpp', 'core/Gone.cpp'],
-                       'set(OFFLINECAMERA_SRCS core/A.cpp core/B.cpp)\n')
+        self.make_tree(['core/A.cpp', 'core/Gone.cpp'],
+                       'set(OFFLINECAMERA_SRCS core/A.cpp core/B.cpp)\n', ['core/A.cpp'])
         result = self.run_check()
         self.assertEqual(1, result.returncode)
         for problem in ('Android.bp lists core/A.cpp twice',
