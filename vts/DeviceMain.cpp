@@ -1,0 +1,12 @@
+/*
+ * Main of the device test: the session and consumer callbacks arrive on the binder thread pool.
+ */
+#include <android/binder_process.h>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    ABinderProcess_setThreadPoolMaxThreadCount(1);
+    ABinderProcess_startThreadPool();
+    return RUN_ALL_TESTS();
+}
