@@ -10,6 +10,7 @@ packages=(
     android-liblog-dev android-libcutils-dev android-libbase-dev
     android-platform-system-core-headers libpng-dev
     blueprint-tools binutils python3
+    checkpolicy m4 setools
 )
 packages+=("$@")
 

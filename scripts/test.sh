@@ -24,10 +24,11 @@ done
 bash "$root/scripts/setup.sh"
 
 stage_host() {
-    echo "== Android.bp format, source lists and frozen AIDL versions"
+    echo "== Android.bp format, source lists, AIDL API dumps, vendor SELinux policy"
     bash "$root/scripts/check_bp_format.sh"
     python3 "$root/scripts/check_source_lists.py"
     python3 "$root/scripts/check_aidl_api.py"
+    python3 "$root/scripts/check_sepolicy.py"
 
     echo "== build (clang)"
     bash "$root/scripts/build.sh" "$out/build-clang" -DCMAKE_C_COMPILER=clang \

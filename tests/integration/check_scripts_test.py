@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Tests of the tree's integration checks (scripts/): the Android.bp reader, the comparison of
-the library's source lists, the check of frozen AIDL versions and the bpfmt check, each on
-small trees made for the test.
+the library's source lists, the check of the AIDL API dumps, the vendor SELinux policy check and
+the bpfmt check, each on small trees made for the test.
 
 Usage: check_scripts_test.py <tree root> [unittest arguments]
 """
@@ -320,6 +320,76 @@ class AidlApiTest(TreeTest):
         result = self.run_check('--generated', gen)
         self.assertIn('carries version 2, not 3', result.stderr)
         self.assertIn('carries hash %s, not %s' % ('0' * 40, digest), result.stderr)
+
+
+class SepolicyTest(TreeTest):
+    """The tree's vendor policy, VINTF fragments and init example, and broken copies of them."""
+
+    def setUp(self):
+        super().setUp()
+        for folder in ('sepolicy', 'vintf', 'init'):
+            shutil.copytree(os.path.join(ROOT, folder), os.path.join(self.root, folder))
+
+    def edit(self, relative, old, new):
+        """Replaces old with new in the file, or appends new when old is empty."""
+        path = os.path.join(self.root, relative)
+        with open(path) as f:
+            text = f.read()
+        self.assertIn(old, text)
+        with open(path, 'w') as f:
+            f.write(text.replace(old, new) if old else text + new)
+
+    def test_policy_as_far_as_the_host_can_check_it(self):
+        te = 'sepolicy/vendor/hal_oru_offlinecamera.te'
+        contexts = 'sepolicy/vendor/service_contexts'
+        service = 'vendor.oru.hardware.camera.offlinecamera.IOfflineCameraService/default'
+        cases = [
+            # (what, file, old text, new text, messages; none: passes)
+            ('the tree', te, '', '', []),
+            ('an undefined type', 'sepolicy/vendor/hal_camera_default.te',
+             'hal_server_domain(hal_camera_default,', 'hal_server_domain(hal_camera_defualt,',
+             ['checkpolicy failed', 'hal_camera_defualt']),
+            ('a misspelt macro', te, 'hal_attribute_service(', 'hal_attribute_servce(',
+             ['checkpolicy failed', "hal_oru_offlinecamera.te:3:ERROR 'syntax error' at token "
+              "'hal_attribute_servce'"]),
+            ('a service type that is not protected', 'sepolicy/vendor/service.te',
+             'protected_service, ', '',
+             ['type hal_oru_offlinecamera_service lacks the attribute protected_service']),
+            ('no callbacks from the service', te,
+             'binder_call(hal_oru_offlinecamera_server, hal_oru_offlinecamera_client)', '',
+             ['hal_camera_default oru_offlinecamera_test_client:binder call is not allowed',
+              'hal_camera_default oru_offlinecamera_test_client:fd use is not allowed']),
+            ('clients without servicemanager', te, 'binder_use(hal_oru_offlinecamera_client)', '',
+             ['oru_offlinecamera_test_client servicemanager:binder call is not allowed']),
+            ('a client that may add the service', te, '', 'allow hal_oru_offlinecamera_client '
+             'hal_oru_offlinecamera_service:service_manager add;\n',
+             ['checkpolicy failed', 'neverallow']),
+            ('a context of another type', contexts, 'u:object_r:hal_oru_offlinecamera_service',
+             'u:object_r:hal_camera_default',
+             ['hal_camera_default is not a declared service type']),
+            ('a malformed context', contexts, ':s0', '',
+             ['service_contexts:1: expected "<name> u:object_r:<type>:s0"']),
+            ('another instance name', contexts, '/default', '/other',
+             ['service_contexts names %s, which vintf/ does not declare' % service.replace(
+                 'default', 'other'),
+              'vintf/ declares %s, which service_contexts does not name' % service]),
+            ('an init entry that does not serve the instance',
+             'init/camera_provider_offlinecamera.rc', 'interface aidl ' + service, '',
+             ['no init/*.rc serves ' + service]),
+        ]
+        for what, relative, old, new, messages in cases:
+            with self.subTest(what):
+                shutil.rmtree(os.path.join(self.root, 'sepolicy'))
+                shutil.rmtree(os.path.join(self.root, 'init'))
+                shutil.copytree(os.path.join(ROOT, 'sepolicy'), os.path.join(self.root, 'sepolicy'))
+                shutil.copytree(os.path.join(ROOT, 'init'), os.path.join(self.root, 'init'))
+                self.edit(relative, old, new)
+                result = subprocess.run(
+                    [sys.executable, os.path.join(ROOT, 'scripts', 'check_sepolicy.py'), self.root],
+                    capture_output=True, text=True)
+                self.assertEqual(0 if not messages else 1, result.returncode, result.stderr)
+                for message in messages:
+                    self.assertIn(message, result.stderr)
 
 
 @unittest.skipIf(shutil.which('bpfmt') is None, 'bpfmt is not installed')
