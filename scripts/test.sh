@@ -24,11 +24,12 @@ done
 bash "$root/scripts/setup.sh"
 
 stage_host() {
-    echo "== Android.bp format, source lists, AIDL API dumps, vendor SELinux policy"
+    echo "== Android.bp format, source lists, AIDL API dumps, vendor SELinux policy, licenses"
     bash "$root/scripts/check_bp_format.sh"
     python3 "$root/scripts/check_source_lists.py"
     python3 "$root/scripts/check_aidl_api.py"
     python3 "$root/scripts/check_sepolicy.py"
+    python3 "$root/scripts/check_license_headers.py"
 
     echo "== build (clang)"
     bash "$root/scripts/build.sh" "$out/build-clang" -DCMAKE_C_COMPILER=clang \

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Tests of the tree's integration checks (scripts/): the Android.bp reader, the comparison of
-the library's source lists, the check of the AIDL API dumps, the vendor SELinux policy check and
-the bpfmt check, each on small trees made for the test.
+the library's source lists, the check of the AIDL API dumps, the vendor SELinux policy check, the
+license header check and the bpfmt check, each on small trees made for the test.
 
 Usage: check_scripts_test.py <tree root> [unittest arguments]
 """
@@ -390,6 +390,109 @@ class SepolicyTest(TreeTest):
                 self.assertEqual(0 if not messages else 1, result.returncode, result.stderr)
                 for message in messages:
                     self.assertIn(message, result.stderr)
+
+
+class LicenseHeadersTest(TreeTest):
+    SOURCES = {
+        'core/A.cpp': '/*\n * Copyright (C) 2026 Oru Camera\n *\n * What A does.\n */\nint a;\n',
+        'core/B.h': '/*\n * Copyright (C) 2026 Oru Camera\n */\n#pragma once\n',
+        'run.sh': '#!/bin/bash\n# Runs.\nexit 0\n',
+        'tool': '#!/usr/bin/env python3\n"""A tool."""\n',
+        'vintf/m.xml': '<?xml version="1.0"?>\n<manifest/>\n',
+        'aidl_api/a.b/current/a/b/I.aidl': '/*\n * Copyright (C) 2026 Oru Camera\n */\n// dump\n',
+        'aidl_api/a.b/2/a/b/I.aidl': 'package a.b;\n',  # frozen: hashed as it is
+        'README.md': '# Not a source\n',
+    }
+
+    def make_tree(self, kind='legacy_proprietary', text='NOTICE', sub_package=True, sources=True):
+        write(self.root, 'Android.bp', '''
+            package {
+                default_applicable_licenses: ["tree_license"],
+            }
+            license {
+                name: "tree_license",
+                license_kinds: ["%s"],
+                license_text: ["%s"],
+            }
+            ''' % (kind, text))
+        write(self.root, 'sub/Android.bp', '''
+            package {
+                default_applicable_licenses: ["tree_license"],
+            }
+            ''' if sub_package else 'cc_library {\n    name: "x",\n}\n')
+        write(self.root, 'NOTICE', 'Terms.\n')
+        for path, text in self.SOURCES.items() if sources else ():
+            write(self.root, path, text)
+        subprocess.run(['git', 'init', '-q', self.root], check=True)
+
+    def run_check(self, *extra):
+        return subprocess.run([sys.executable, os.path.join(ROOT, 'scripts',
+                                                            'check_license_headers.py'), *extra,
+                               self.root], capture_output=True, text=True)
+
+    def read(self, path):
+        with open(os.path.join(self.root, path)) as f:
+            return f.read()
+
+    def test_fix_writes_the_declared_header_and_the_check_then_passes(self):
+        self.make_tree()
+        result = self.run_check()
+        self.assertEqual(1, result.returncode)
+        for path in ('core/A.cpp', 'core/B.h', 'run.sh', 'tool', 'vintf/m.xml', 'Android.bp',
+                     'aidl_api/a.b/current/a/b/I.aidl'):
+            self.assertIn('%s: does not begin with the legacy_proprietary header' % path,
+                          result.stderr)
+        self.assertNotIn('README.md', result.stderr)
+        self.assertNotIn('aidl_api/a.b/2', result.stderr)
+
+        self.assertEqual(0, self.run_check('--fix').returncode)
+        header = ('Copyright (C) 2026 Oru Camera. All rights reserved.\n{0}\n{0} Proprietary '
+                  'and confidential: ')
+        self.assertTrue(self.read('core/A.cpp').startswith(
+            '/*\n * ' + header.format(' *')), self.read('core/A.cpp'))
+        self.assertIn(' */\n\n/*\n * What A does.\n */\nint a;\n', self.read('core/A.cpp'))
+        self.assertTrue(self.read('core/B.h').endswith(' */\n\n#pragma once\n'))
+        self.assertNotIn('Oru Camera\n', self.read('core/B.h'))
+        self.assertTrue(self.read('run.sh').startswith('#!/bin/bash\n# ' + header.format('#')))
+        self.assertTrue(self.read('run.sh').endswith('tree.\n\n# Runs.\nexit 0\n'))
+        self.assertTrue(self.read('tool').endswith('tree.\n\n"""A tool."""\n'))
+        self.assertTrue(self.read('vintf/m.xml').startswith('<?xml version="1.0"?>\n<!--\n'))
+        self.assertTrue(self.read('Android.bp').startswith('// ' + header.format('//')))
+        self.assertEqual('package a.b;\n', self.read('aidl_api/a.b/2/a/b/I.aidl'))
+        self.assertEqual('# Not a source\n', self.read('README.md'))
+
+        fixed = dict((path, self.read(path)) for path in self.SOURCES)
+        result = self.run_check('--fix')
+        self.assertEqual(0, result.returncode, result.stderr)
+        self.assertNotIn('rewrote', result.stdout)
+        self.assertEqual(fixed, dict((path, self.read(path)) for path in self.SOURCES))
+        self.assertIn('license headers (legacy_proprietary): 8 files', self.run_check().stdout)
+
+        # Another declared license: the old header gives way to the new one.
+        self.make_tree(kind='SPDX-license-identifier-Apache-2.0', sources=False)
+        self.assertEqual(1, self.run_check().returncode)
+        self.assertEqual(0, self.run_check('--fix').returncode)
+        for path in ('core/A.cpp', 'core/B.h'):
+            self.assertTrue(self.read(path).startswith('/*\n * Copyright (C) 2026 Oru Camera\n'
+                                                       ' *\n * Licensed under the Apache'))
+            self.assertNotIn('Proprietary', self.read(path))
+        self.assertEqual(0, self.run_check().returncode)
+
+    def test_declarations_that_do_not_hold(self):
+        cases = [
+            (dict(sub_package=False), 'sub/Android.bp: package { default_applicable_licenses: '
+                                      '["tree_license"] } is missing'),
+            (dict(text='LICENSE'), 'license_text LICENSE does not exist'),
+            (dict(kind='SPDX-license-identifier-MIT'), 'license tree_license: license_kinds '
+                                                       'must be one of'),
+        ]
+        for arguments, message in cases:
+            with self.subTest(message):
+                self.make_tree(**arguments)
+                self.run_check('--fix')
+                result = self.run_check()
+                self.assertEqual(1, result.returncode)
+                self.assertIn(message, result.stderr)
 
 
 @unittest.skipIf(shutil.which('bpfmt') is None, 'bpfmt is not installed')
