@@ -267,7 +267,9 @@ TEST_P(OfflineCameraServiceTest, ServesTheFrozenInterface) {
     // A newer service serves this test's clients too; the version this test was built with
     // must be served with its frozen hash.
     EXPECT_GE(version, IOfflineCameraService::version);
-    if (version == IOfflineCameraService::version) EXPECT_EQ(IOfflineCameraService::hash, hash);
+    if (version == IOfflineCameraService::version) {
+        EXPECT_EQ(IOfflineCameraService::hash, hash);
+    }
     EXPECT_EQ(40u, hash.size()) << hash;
     EXPECT_TRUE(mService->isRemote());
 }
