@@ -350,8 +350,8 @@ class SepolicyTest(TreeTest):
              'hal_server_domain(hal_camera_default,', 'hal_server_domain(hal_camera_defualt,',
              ['checkpolicy failed', 'hal_camera_defualt']),
             ('a misspelt macro', te, 'hal_attribute_service(', 'hal_attribute_servce(',
-             ['checkpolicy failed', "hal_oru_offlinecamera.te:3:ERROR 'syntax error' at token "
-              "'hal_attribute_servce'"]),
+             ['checkpolicy failed', 'hal_oru_offlinecamera.te:',
+              "ERROR 'syntax error' at token 'hal_attribute_servce'"]),
             ('a service type that is not protected', 'sepolicy/vendor/service.te',
              'protected_service, ', '',
              ['type hal_oru_offlinecamera_service lacks the attribute protected_service']),
@@ -368,7 +368,7 @@ class SepolicyTest(TreeTest):
              'u:object_r:hal_camera_default',
              ['hal_camera_default is not a declared service type']),
             ('a malformed context', contexts, ':s0', '',
-             ['service_contexts:1: expected "<name> u:object_r:<type>:s0"']),
+             ['expected "<name> u:object_r:<type>:s0"']),
             ('another instance name', contexts, '/default', '/other',
              ['service_contexts names %s, which vintf/ does not declare' % service.replace(
                  'default', 'other'),
@@ -401,6 +401,7 @@ class LicenseHeadersTest(TreeTest):
         'vintf/m.xml': '<?xml version="1.0"?>\n<manifest/>\n',
         'aidl_api/a.b/current/a/b/I.aidl': '/*\n * Copyright (C) 2026 Oru Camera\n */\n// dump\n',
         'aidl_api/a.b/2/a/b/I.aidl': 'package a.b;\n',  # frozen: hashed as it is
+        'src/a/b/I.aidl': 'package a.b;\n',  # equal to its frozen file, which it must stay
         'README.md': '# Not a source\n',
     }
 
@@ -459,6 +460,7 @@ class LicenseHeadersTest(TreeTest):
         self.assertTrue(self.read('vintf/m.xml').startswith('<?xml version="1.0"?>\n<!--\n'))
         self.assertTrue(self.read('Android.bp').startswith('// ' + header.format('//')))
         self.assertEqual('package a.b;\n', self.read('aidl_api/a.b/2/a/b/I.aidl'))
+        self.assertEqual('package a.b;\n', self.read('src/a/b/I.aidl'))
         self.assertEqual('# Not a source\n', self.read('README.md'))
 
         fixed = dict((path, self.read(path)) for path in self.SOURCES)
