@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Checks the AIDL API dumps of the tree's interfaces as the platform build does.
 
 For every aidl_interface module of interfaces/**/Android.bp:

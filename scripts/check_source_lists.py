@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Checks that Android.bp builds the library from the same sources as the host build.
 
 The library's sources are listed twice: in the top-level Android.bp, as the srcs of the

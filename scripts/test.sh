@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Sets up, then runs the test stages and prints how long each took.
 # Usage: scripts/test.sh [stage...] (or TEST_STAGES="stage..."); by default every stage, in order:
 #   host     builds with GCC and with Clang (warnings are errors in both), runs every test of both

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Service fuzzer of IOfflineCameraService: fuzzService sends random parcels to every transaction
  * of the service and to the binders that it hands back (sessions).
  */

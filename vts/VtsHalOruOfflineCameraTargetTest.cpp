@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Device test of IOfflineCameraService: for every declared instance, against the service that
  * the camera HAL process publishes, the interface's version and hash, the operation modes, the
  * static capabilities, an offline session that takes one request and delivers its result, and a

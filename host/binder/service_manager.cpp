@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Service manager of the host libbinder_ndk: a table of named services in this process, each
  * holding a strong reference to its binder, and the instances that VINTF manifests declare.
  */

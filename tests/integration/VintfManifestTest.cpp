@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Declared instances: the host service manager reads VINTF manifests as the device's does, and
  * the tree's manifest fragment declares the instance that the library publishes.
  */

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host main of the device test (vts/): it plays what a device gives the test. The tree's VINTF
  * manifest fragment declares the instances; the camera HAL process's part, publishing the
  * service with the reference backend bound, is played in this process, and the service's binder

@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Tests of the tree's integration checks (scripts/): the Android.bp reader, the comparison of
 the library's source lists, the check of the AIDL API dumps, the vendor SELinux policy check, the
 license header check and the bpfmt check, each on small trees made for the test.

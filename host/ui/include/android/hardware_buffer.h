@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for the NDK <android/hardware_buffer.h> (libnativewindow): graphics buffers
  * allocated as the host's memfd-backed buffers (see <hostplatform/GrallocTesting.h>), with the
  * formats and usage bits that the host allocator knows.
