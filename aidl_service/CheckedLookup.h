@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Lookup in a standard map that must succeed. A key that is not there ends the process with the
  * text that libc++'s unordered_map::at stops with in code built without exceptions; the lookup
  * is spelt out so that every standard library stops the same way.

@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * OfflineCameraAIDLSession: the IOfflineCameraSession object behind one client's offline session.
  * It opens a backend session when it is made, forwards the client's calls to the backend through
  * OfflineCameraService, and owns what lives between open and close: the client's callback, the

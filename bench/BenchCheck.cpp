@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Checks that each baseline does the work of the library path it is measured against, as the
  * client and the backend see it, and that both leave descriptors and imports where they were.
  * scripts/bench.sh runs it before measuring.

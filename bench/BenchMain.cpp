@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The benchmarks of the offline camera library, in one process: the service is published once
  * per process, as in the camera HAL.
  */

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The parties of the benchmarks. Buffer brokering: a consumer client in another process that
  * lends buffers from a pool it allocated up front, the camera HAL driving the library's producer
  * operations, and the baseline, which makes only the calls that any broker has to make (the

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The offline request and result path: one request of an input frame of 4 buffers and one
  * output buffer, from the client's call until the result reaches its callback, through a session
  * of the published service and through the backend's own entries.

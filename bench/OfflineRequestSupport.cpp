@@ -1,3 +1,10 @@
+/*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
 #include "OfflineRequestSupport.h"
 
 #include <ui/GraphicBufferMapper.h>

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The parties of the offline request benchmark. A session client in another process with a pool
  * of buffers it allocated up front sends requests of one input frame of kOfflineInputBuffers
  * buffers (with its capture settings) and one output buffer, and waits until the result reaches

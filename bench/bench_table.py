@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Prints the table of a Google Benchmark JSON file: each library benchmark ("<name>/library...")
 with its baseline ("<name>/baseline...") and the ratio of the two. Time per iteration is real time
 for benchmarks measured in real time (several threads), CPU time otherwise; medians where the

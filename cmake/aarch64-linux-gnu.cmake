@@ -1,3 +1,8 @@
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Cross build for 64-bit Arm Linux with Debian's aarch64 toolchain (g++-aarch64-linux-gnu).
 #
 # No sysroot: with the arm64 architecture enabled in dpkg, the arm64 builds of Android's liblog,

@@ -1,4 +1,9 @@
 #!/bin/sh
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Runs an aarch64 program under qemu-user: run-aarch64.sh <program> [arguments...]
 #
 # Without a binfmt_misc registration the build machine's kernel cannot execute an aarch64 file,

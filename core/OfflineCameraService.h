@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * OfflineCameraService: the process-wide core of the offline camera library and its in-process
  * interface for the camera HAL. It binds the offline processing backend, keeps the backend's
  * tables and the static camera metadata, and keeps the registry of buffer consumer clients that

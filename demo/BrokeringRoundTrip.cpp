@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The brokering act of the host demo: the vendor client lends buffers from its own allocator,
  * the camera HAL in the library's process draws into them through the graphics buffer mapper.
  */

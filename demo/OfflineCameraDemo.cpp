@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host demo: plays the camera HAL process that loads the offline camera library, and vendor
  * clients of the published service. The main act is an offline multi-frame noise reduction job;
  * a short second act brokers buffers between a consumer client and the HAL. At the end every

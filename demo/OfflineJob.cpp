@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The vendor client of the demo's offline job. It lives in another process on a device: its
  * session callback is a binder marked remote, its buffers come from its own allocator and travel
  * as NativeHandles, and it reads the fused pixels in its own mapping of its buffers.

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * What the backend hands to a live session: arrays of result records (output parts, input
  * returns, records with both) whose stream buffers are the backend's translation of buffers the
  * session imported, of buffers it never saw, of buffers without a stream, or bytes the backend

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Camera metadata bytes as they arrive in a CameraMetadata parcelable: the structure check must
  * reject every malformed buffer without reading outside it, and every buffer it accepts must be
  * safe to walk, look up, copy and convert.

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Writes the seed corpora of the fuzz targets into the folder given on the command line, one
  * sub-folder per target. Metadata seeds are made with the platform's own metadata functions so
  * that they follow the buffer format of the build they are used with; registration seeds are

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The encoding of the registration fuzzer's programs, shared with the seed writer.
  *
  * A program is a sequence of operations, each an operation byte (modulo kNumOps) followed by its

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Session configurations as a remote client sends them: arbitrary stream lists (ids repeated or
  * negative, any type, size, format, usage, data space, rotation and text ids), camera id texts
  * that are numbers or not, any operation mode and backend operation mode, and session

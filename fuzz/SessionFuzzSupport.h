@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * What the offline session fuzz targets share: the process with the published service and the
  * reference backend bound, a session client in "another process" (its callback and its session
  * reached through proxies of remote binders), the buffers it allocates and the counts that every

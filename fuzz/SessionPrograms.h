@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The encodings of the session fuzzers' inputs, shared with the seed writer. Inputs are read
  * front to back; bytes past the end read as zero, and values are little-endian.
  *

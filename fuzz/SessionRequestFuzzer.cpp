@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Offline requests as a remote client sends them to a live session: lists of requests with
  * input frames of zero or more buffers, output buffers on configured, unconfigured and invalid
  * stream ids, buffer ids that are zero or repeat, handles that are valid, empty or unknown to

@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Backend metadata handles, the per-camera metadata operations table and the static
  * characteristics.
  */

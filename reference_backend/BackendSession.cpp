@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Backend sessions and their slots. Each session owns a worker thread: executed requests are
  * copied and queued, and the worker reports each one in order through the session's callbacks
  * (shutter, then the returned input buffers, then the output with its result metadata). The

@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Multi-frame fusion of the reference backend: the output image is the rounded per-sample mean of
  * the input images of the same size and format. Buffers are reached through the platform's
  * graphics buffer mapper.

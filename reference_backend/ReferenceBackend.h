@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Internal state of the reference offline backend: the script that tests set, the record of
  * calls, and the registry of every object the backend has handed out. Table slots look their
  * objects up here, so a table, handle or session that was closed (or never made by this

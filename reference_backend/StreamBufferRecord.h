@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The backend's own layout of KivStreamBuffer: what it needs to give a camera3 stream buffer back
  * unchanged, plus the image description taken from the stream so that processing does not have
  * to reach into the stream.

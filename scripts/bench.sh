@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Builds the benchmarks in Release (-O2) in their own build dir, checks that each baseline does
 # the library's client-visible work, runs them and prints benchmark, library time, baseline time
 # and their ratio. Usage: scripts/bench.sh [build-dir] [extra benchmark args...]

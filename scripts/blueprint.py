@@ -1,3 +1,8 @@
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """A small reader of Android.bp (Blueprint) files for the tree's checks.
 
 It reads what the tree's Android.bp files use: variable assignments, modules with properties,

@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Fails when an Android.bp of the tree is not formatted as bpfmt (Debian's blueprint-tools)
 # formats it, and shows how bpfmt would change it. Usage: check_bp_format.sh [<tree root>]
 set -euo pipefail

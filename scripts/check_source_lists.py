@@ -1,9 +1,15 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Checks that Android.bp builds the library from the same sources as the host build.
 
-The library's sources are listed twice: in the srcs of the cc_library_shared module of the
-top-level Android.bp, and in OFFLINECAMERA_SRCS of the top-level CMakeLists.txt. Both lists
-must name the same files, each once, and every named file must exist.
+The library's sources are listed twice: in the top-level Android.bp, as the srcs of the
+cc_library_shared module and of the modules of that file that it takes whole
+(whole_static_libs), and in OFFLINECAMERA_SRCS of the top-level CMakeLists.txt. Both lists must
+name the same files, each once, and every named file must exist.
 
 Usage: check_source_lists.py [<tree root>]    (default: the tree holding this script)
 """
@@ -24,15 +30,24 @@ class CheckError(Exception):
 
 
 def android_bp_sources(path):
-    module = blueprint.find_module(blueprint.parse_file(path), 'cc_library_shared',
-                                   LIBRARY_MODULE, path)
-    srcs = module.properties.get('srcs')
-    if not isinstance(srcs, list) or not all(isinstance(s, str) for s in srcs):
-        raise CheckError('%s:%d: %s has no list of srcs' % (path, module.line, LIBRARY_MODULE))
-    for src in srcs:
-        if any(c in src for c in '*?'):
-            raise CheckError('%s: srcs of %s use the pattern "%s"; list the files' %
-                             (path, LIBRARY_MODULE, src))
+    modules = blueprint.parse_file(path)
+    library = blueprint.find_module(modules, 'cc_library_shared', LIBRARY_MODULE, path)
+    parts = [library]
+    for name in library.properties.get('whole_static_libs', []):
+        parts.append(blueprint.find_module(modules, 'cc_library_static', name, path))
+    srcs = []
+    for module in parts:
+        listed = module.properties.get('srcs', [])
+        if not isinstance(listed, list) or not all(isinstance(s, str) for s in listed):
+            raise CheckError('%s:%d: srcs of %s is not a list of files' %
+                             (path, module.line, module.name))
+        for src in listed:
+            if any(c in src for c in '*?'):
+                raise CheckError('%s: srcs of %s use the pattern "%s"; list the files' %
+                                 (path, module.name, src))
+        srcs += listed
+    if not srcs:
+        raise CheckError('%s:%d: %s has no srcs' % (path, library.line, LIBRARY_MODULE))
     return srcs
 
 

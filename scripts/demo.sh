@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Sets up, builds and runs the host demo. Usage: scripts/demo.sh [output-dir]
 # The demo writes its PNG files to output-dir (default: build/demo-output).
 set -euo pipefail

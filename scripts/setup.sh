@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Installs what the host build needs (Debian 12 packages). Safe to run again.
 # Usage: scripts/setup.sh [package...]: the arguments are further packages that a test stage needs;
 # a package of another architecture (name:arm64) has that architecture enabled first.
@@ -10,6 +15,7 @@ packages=(
     android-liblog-dev android-libcutils-dev android-libbase-dev
     android-platform-system-core-headers libpng-dev
     blueprint-tools binutils python3
+    checkpolicy m4 setools
 )
 packages+=("$@")
 

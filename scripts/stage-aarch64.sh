@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Cross-builds the library, the reference backend and the tests for 64-bit Arm with Debian's
 # aarch64 toolchain and the arm64 builds of the packages the tree uses, then runs every test under
 # qemu-user. Usage: scripts/stage-aarch64.sh <build-dir>

@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Builds the libFuzzer targets with AddressSanitizer and UndefinedBehaviorSanitizer and runs each
 # one for a bounded time from its seed corpus, as many at once as there are cores (FUZZ_JOBS
 # overrides). Usage: scripts/stage-fuzz.sh [seconds-per-target]

@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Builds the tree with Clang and a sanitizer and runs its tests. Usage:
 #   scripts/stage-sanitizers.sh asan <build-dir>   every test under AddressSanitizer,
 #                                                  UndefinedBehaviorSanitizer and LeakSanitizer

@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Sets up, then runs the test stages and prints how long each took.
 # Usage: scripts/test.sh [stage...] (or TEST_STAGES="stage..."); by default every stage, in order:
 #   host     builds with GCC and with Clang (warnings are errors in both), runs every test of both
@@ -24,10 +29,12 @@ done
 bash "$root/scripts/setup.sh"
 
 stage_host() {
-    echo "== Android.bp format, source lists and frozen AIDL versions"
+    echo "== Android.bp format, source lists, AIDL API dumps, vendor SELinux policy, licenses"
     bash "$root/scripts/check_bp_format.sh"
     python3 "$root/scripts/check_source_lists.py"
     python3 "$root/scripts/check_aidl_api.py"
+    python3 "$root/scripts/check_sepolicy.py"
+    python3 "$root/scripts/check_license_headers.py"
 
     echo "== build (clang)"
     bash "$root/scripts/build.sh" "$out/build-clang" -DCMAKE_C_COMPILER=clang \

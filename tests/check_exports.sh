@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Checks the dynamic symbols that the library defines: the registration entry and the members of
 # OfflineCameraService, nothing else of its own.
 set -euo pipefail

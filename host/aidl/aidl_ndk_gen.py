@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Generates the host build's NDK-backend C++ code for AIDL files.
 
 The output has the paths and shape of what the aidl compiler writes for the NDK backend

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Binder objects of the host libbinder_ndk: classes, reference counting, weak references and
  * death recipients. Every binder lives in this process; a test may mark one remote and kill it.
  */

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The host's graphics buffer mapper: imports memfd-backed buffer handles, maps them for CPU
  * access and hands out release fences, with the controls of <hostplatform/GrallocTesting.h>.
  */

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Dynamic library mapping of the Vorn camera framework utilities. On the host, "/vendor/..."
  * paths are looked up below a vendor root directory (see <hostplatform/VornTesting.h>).
  */

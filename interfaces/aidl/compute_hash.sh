@@ -1,4 +1,9 @@
 #!/bin/bash
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 # Prints the hash of a frozen AIDL API version, computed as the Android build does for
 # aidl_api/<package>/<N>/.hash: the SHA-1 of the sha1sum lines of every .aidl file below the
 # version folder (paths relative to it, byte-sorted), followed by the number of the version

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The two sides of buffer brokering as tests play them: a consumer client in another process
  * (TestClient) and the camera HAL in the library's process (Producer), and the child processes
  * in which each scenario runs.

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The callback record that the service hands to the core, called the way the core could call
  * it, including what the core itself never does (returning buffers, missing arguments). Built
  * with the library's objects, as the service class is not exported.

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The example vendor client against the published service. The service is published once per
  * process, so each scenario runs in a child process of its own; the client sees the service as
  * another process does once its binder is marked remote.

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Shared pieces of the session tests: reading the reference backend's call record, and a fixture
  * for tests of the core's metadata and session operations, in which each test binds its own
  * OfflineCameraService instance to the reference backend with a fresh script and call record.

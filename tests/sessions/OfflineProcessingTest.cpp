@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Offline processing as a remote client drives it: configuring a session, sending requests of
  * input frames and output buffers, and what comes back from the backend's thread (notify
  * messages, results, returned buffers). Each scenario runs in a child process of its own, which

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Offline sessions as a remote client uses them: capability queries, opening sessions through
  * the published IOfflineCameraService, and the life of a session (flush, dump, close, the
  * client's death, destruction). The service is published once per process and the core is

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * A long run of buffer brokering and offline sessions through the published service, with
  * clients dying on the way. At the end, descriptors, imported buffers, Vorn allocations, backend
  * metadata and sessions, binders and death recipients are back where they started, and the heap

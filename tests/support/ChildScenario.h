@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Scenarios that need a process of their own. The service is published once per process and the
  * core is bound once, so such a scenario runs in a child (gtest's EXPECT_EXIT) and reports
  * through the child's exit code. The child checks that what the scenario made is given back:

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * What the tests and the benchmarks play on the client side: the names a consumer client of the
  * published service works with, the way such a client reaches the service and hands its callback
  * over as a binder of another process, a session client's callback, and a camera3 output stream

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The capture sees every priority: Debian's host liblog drops lines below INFO unless the
  * minimum priority is lowered, which would hide the library's VERBOSE lines from the tests.
  */

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * What an offline session client plays, shared by the long leak run, the benchmarks and the fuzz
  * targets: the streams of its configuration, the capture settings it serialises, the buffers it
  * allocates, a callback that counts what reaches it, and the reference backend's handle of the

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Counts of what a scenario must give back: descriptors, imported buffers, vendor allocations,
  * the backend's metadata objects and sessions, binders and death recipients. Free of the test
  * framework, so that the fuzz targets use the same counts as the tests.

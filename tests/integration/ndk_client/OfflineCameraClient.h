@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * A vendor client of IOfflineCameraService, written against the NDK backend of
  * vendor.oru.hardware.camera.offlinecamera-V2 (libbinder_ndk and the generated headers only), as
  * a client process on the device uses the service.

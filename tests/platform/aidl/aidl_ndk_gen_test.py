@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+# Copyright (C) 2026 Oru Camera. All rights reserved.
+#
+# Proprietary and confidential: use, copying and distribution only under a written
+# license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+
 """Tests of aidl_ndk_gen.py: malformed input is refused with its place, enum values follow the
 integer rules of AIDL, and the listed outputs are the written ones.
 

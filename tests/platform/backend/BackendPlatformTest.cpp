@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The reference offline backend as the library meets it: the entry point, its tables, scripted
  * slots, metadata handles, sessions that report from their own thread, and the fusion of input
  * frames into the output.

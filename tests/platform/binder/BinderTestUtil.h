@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Shared pieces of the host binder tests: a recorder of death notifications, a
  * plain binder class, and a fixture that checks binders and recipients are all released.
  */

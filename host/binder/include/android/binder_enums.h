@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for the NDK binder <android/binder_enums.h>: iteration over the values of an
  * AIDL enum. Generated code specialises ndk::internal::enum_values for each enum type.
  */

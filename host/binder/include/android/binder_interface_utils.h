@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for the NDK binder <android/binder_interface_utils.h>: the C++ bases of binder
  * interfaces (SharedRefBase, ICInterface, BnCInterface, BpCInterface) with the semantics of
  * Android 15.

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for the NDK binder <android/binder_manager.h>: the service manager of this
  * process. Services are kept by name with a strong reference each.
  */
@@ -45,7 +52,17 @@ AServiceManager_getService(const char* instance);
 /* New strong reference to the service, waiting for as long as it takes to be registered. */
 __attribute__((warn_unused_result)) AIBinder* AServiceManager_waitForService(const char* instance);
 
-/* Whether the instance is declared; on the host, whether it has been registered. */
+/*
+ * Whether the instance is declared. On the host: declared by a VINTF manifest that the process
+ * read (ndk::host::addVintfManifest), or, while it read none, registered since the last reset.
+ */
 bool AServiceManager_isDeclared(const char* instance);
+
+/*
+ * Calls callback(instance, context) for every declared instance of interface: "foo" for a
+ * declared "<interface>/foo". Declared as for AServiceManager_isDeclared.
+ */
+void AServiceManager_forEachDeclaredInstance(const char* interface, void* context,
+                                             void (*callback)(const char*, void*));
 
 __END_DECLS

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for <android/binder_stability.h>. Stability levels only matter to the binder
  * driver's partition checks, which the in-process host binder does not have: marking a binder
  * has no effect.

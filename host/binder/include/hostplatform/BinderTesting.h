@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Test controls of the host binder (libbinder_ndk stand-in). Host tests only; the library never
  * includes this header.
  */
@@ -52,7 +59,21 @@ void failNextAddService(binder_exception_t exception);
  */
 void failNextLinkToDeath(binder_status_t status);
 
-/* Drops every service registration (releasing its reference) and a pending failNextAddService. */
+/*
+ * Reads a VINTF manifest (or manifest fragment) as the device's service manager reads the
+ * device manifest, and declares the instances of its AIDL HALs: "<name>.<fqname>" for each
+ * <fqname>, "<name>.<interface name>/<instance>" for each <interface>. From the first manifest
+ * read on, only manifests declare instances, and AServiceManager_add* refuses a name that none
+ * declares with EX_ILLEGAL_ARGUMENT, as the device refuses an undeclared VINTF service. Returns
+ * the number of instances the file declares, or -1 when it cannot be read, is not a <manifest>,
+ * declares none, or has an AIDL HAL without a name or an instance (the file is then ignored).
+ */
+int addVintfManifest(const char* path);
+
+/*
+ * Drops every service registration (releasing its reference), the manifests read and a pending
+ * failNextAddService.
+ */
 void resetServiceManager();
 
 /* Binders created and not yet destroyed (strong references remain), for leak checks. */

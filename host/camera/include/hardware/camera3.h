@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for <hardware/camera3.h> as this vendor platform ships it (camera device HAL 3.6
  * records with the vendor's extensions).
  *

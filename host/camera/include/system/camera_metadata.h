@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for <system/camera_metadata.h>: the packed camera metadata buffer of the Android
  * camera stack. Same functions, signatures and binary layout as the platform library; the tag
  * tables cover the tags that this tree uses (see camera_metadata_tags.h).

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for <system/camera_metadata_tags.h>: metadata sections, their tag ranges and the
  * tags (with their enumerated values) that a camera pipeline of this tree reads and writes.
  *

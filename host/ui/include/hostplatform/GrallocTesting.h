@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host-only control of the memfd-backed graphics buffers behind android::GraphicBufferMapper.
  *
  * Buffer handle format: a native_handle with 1 fd, a memfd holding the pixels, and 8 ints:

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Host stand-in for libui's <ui/GraphicBufferMapper.h> (Android 15 lock/unlock API).
  *
  * Buffers are memfd-backed; see <hostplatform/GrallocTesting.h> for the handle format and the

@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Text form of AIDL values, used by the toString() members of the generated parcelables and
  * unions: numbers in decimal, enums by enumerator name, lists as "[a, b]", parcelables and
  * unions through their own toString().
