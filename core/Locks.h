@@ -1,6 +1,11 @@
 /*
- * Copyright (C) 2026 Oru Camera
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
  *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * The locks of the library: POSIX mutexes and condition variables with default attributes, known
  * to Clang's thread-safety analysis (-Wthread-safety), so that every member a lock guards is
  * declared GUARDED_BY it and every function that needs a lock held says so. The standard

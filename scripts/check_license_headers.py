@@ -12,8 +12,7 @@ and declares it in a license module; every other Android.bp of the tree names th
 and the license's license_text files exist. The header of each source file is the one of that
 license's kind (HEADERS), written in the file's comment style, at the top of the file (after a
 "#!" line or an XML declaration). Frozen AIDL versions (aidl_api/<name>/<N>/) are left as they
-were frozen: their hash covers their text. So are the .aidl sources that equal a frozen file byte
-for byte, since tests/platform/aidl holds the sources of the frozen interface to that.
+were frozen: their hash covers their text.
 
 --fix writes the header into every file that lacks it: it removes a header of another kind, or
 the copyright paragraph that opens the file's first comment, and puts the header in front.
@@ -191,12 +190,6 @@ def main(argv):
     except (CheckError, blueprint.BlueprintError, OSError) as e:
         print('check_license_headers: %s' % e, file=sys.stderr)
         return 1
-    frozen = set()
-    for path in files:
-        match = FROZEN_RE.search(path)
-        if match and path.endswith('.aidl'):
-            with open(os.path.join(root, path), 'rb') as f:
-                frozen.add((path[match.end():], f.read()))
     checked, fixed_files = 0, []
     for path in files:
         full = os.path.join(root, path)
@@ -211,8 +204,6 @@ def main(argv):
             continue
         with open(full, 'rb') as f:
             data = f.read()
-        if any(path.endswith('/' + tail) and data == text for tail, text in frozen):
-            continue
         checked += 1
         lines = data.decode('utf-8').split('\n')
         header = render(HEADERS[kind], style)

@@ -465,7 +465,7 @@ class LicenseHeadersTest(TreeTest):
         self.assertTrue(self.read('vintf/m.xml').startswith('<?xml version="1.0"?>\n<!--\n'))
         self.assertTrue(self.read('Android.bp').startswith('// ' + header.format('//')))
         self.assertEqual('package a.b;\n', self.read('aidl_api/a.b/2/a/b/I.aidl'))
-        self.assertEqual('package a.b;\n', self.read('src/a/b/I.aidl'))
+        self.assertTrue(self.read('src/a/b/I.aidl').startswith('/*\n * ' + header.format(' *')))
         self.assertEqual('# Not a source\n', self.read('README.md'))
 
         fixed = dict((path, self.read(path)) for path in self.SOURCES)
@@ -473,7 +473,7 @@ class LicenseHeadersTest(TreeTest):
         self.assertEqual(0, result.returncode, result.stderr)
         self.assertNotIn('rewrote', result.stdout)
         self.assertEqual(fixed, dict((path, self.read(path)) for path in self.SOURCES))
-        self.assertIn('license headers (legacy_proprietary): 8 files', self.run_check().stdout)
+        self.assertIn('license headers (legacy_proprietary): 9 files', self.run_check().stdout)
 
         # Another declared license: the old header gives way to the new one.
         self.make_tree(kind='SPDX-license-identifier-Apache-2.0', sources=False)

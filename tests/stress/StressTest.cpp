@@ -1,4 +1,11 @@
 /*
+ * Copyright (C) 2026 Oru Camera. All rights reserved.
+ *
+ * Proprietary and confidential: use, copying and distribution only under a written
+ * license agreement with Oru Camera. See the NOTICE file at the top of this tree.
+ */
+
+/*
  * Everything at once, bounded by counts: consumer clients register, unregister and die (their
  * death notices on the binder library's death thread) while two producer threads ask any of them
  * for buffers, with differing counts, and hand the buffers back in any order; session clients on
