@@ -38,6 +38,7 @@ using ::android::hardware::camera::device::implementation::convertFromAidl;
 using ::android::hardware::camera::device::implementation::convertToAidl;
 using ::android::hardware::camera::device::implementation::convertToScopedAStatus;
 
+// Kept on purpose: the tag's spelling, which log filters in the field match.
 constexpr const char* kLogTag = "KivOfflineAIDLSevice";
 
 // Operation modes that offline sessions accept; clients and the backend agree on their meaning.

@@ -16,6 +16,7 @@ using offlinecamera::MutexLock;
 
 namespace {
 
+// Kept on purpose: the tag's spelling, which log filters in the field match.
 constexpr const char* kLogTag = "KivOfflineCameraSevice";
 constexpr const char* kBackendLibraryPath = "/vendor/lib64/hw/com.oru.kiv.offline.so";
 

@@ -128,6 +128,7 @@ class OFFLINE_CAMERA_EXPORT OfflineCameraService {
     KivMetadataHandle CreateByAndroidMetadata(uint32_t cameraId, const camera_metadata_t* pMetadata,
                                               int32_t arg0, int32_t arg1, uint32_t arg2);
     KivMetadataHandle CreateKivMetaData(uint32_t cameraId, const uint32_t* pTags, uint32_t count);
+    // Kept on purpose: the exported name's spelling.
     int32_t DestoryKivMetadata(uint32_t cameraId, KivMetadataHandle hMetadata);
     int32_t ReleaseAndroidMetadata(uint32_t cameraId, camera_metadata_t* pMetadata);
 

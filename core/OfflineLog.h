@@ -13,6 +13,9 @@
  * each call instead of __LINE__: they are the numbers these lines have always carried, and log
  * triage in the field (scripts and bug templates that match "<line> <function>") depends on them
  * staying the same while the code around them moves.
+ *
+ * Kept on purpose: the spelling of tags and texts ("Sevice", "alredy", "returnd", "Destory"),
+ * which the same filters match.
  */
 #pragma once
 
