@@ -21,7 +21,6 @@
 namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation {
 
 using ::offlinecamera::MutexLock;
-using ::offlinecamera::RecursiveMutexLock;
 
 namespace {
 
@@ -711,7 +710,7 @@ int32_t OfflineCameraAIDLSession::ProcessOfflineResultCb(const KivOfflineCallbac
 
 int32_t OfflineCameraAIDLSession::ProcessOfflineResult(uint32_t numResults,
                                                        const KivOfflineCaptureResult* pResults) {
-    RecursiveMutexLock deliveryLock(mDeliveryLock);
+    MutexLock deliveryLock(mDeliveryLock);
     if (mClientCallback == nullptr) {
         OFFLINE_LOGE(kLogTag,
                      "%d %s, Callback is NULL or result is NULL! Can not return result to Client",

@@ -184,7 +184,7 @@ class OfflineCameraAIDLSession : public BnOfflineCameraSession {
     // receives the results of this session in the order the backend delivers them. A delivery
     // entered again on the same thread (from a call that the client makes inside its callback)
     // goes ahead.
-    ::offlinecamera::RecursiveMutex mDeliveryLock;
+    ::offlinecamera::Mutex mDeliveryLock{::offlinecamera::Mutex::Kind::kRecursive};
 };
 
 }  // namespace aidl::vendor::oru::hardware::camera::offlinecamera::implementation

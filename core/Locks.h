@@ -6,7 +6,8 @@
  */
 
 /*
- * The locks of the library: POSIX mutexes and condition variables with default attributes, known
+ * The locks of the library: POSIX mutexes (default attributes unless a recursive one is asked for)
+ * and condition variables, known
  * to Clang's thread-safety analysis (-Wthread-safety), so that every member a lock guards is
  * declared GUARDED_BY it and every function that needs a lock held says so. The standard
  * library's own mutex carries no such annotations in every C++ library the code is built with,
@@ -29,7 +30,23 @@ class Condition;
 
 class CAPABILITY("mutex") Mutex {
   public:
-    Mutex() { pthread_mutex_init(&mMutex, nullptr); }
+    enum class Kind {
+        kNormal,
+        // The thread holding it may take it again, for work that can be entered again on the
+        // same thread: a binder call made from inside a callback runs on the thread that made
+        // the callback.
+        kRecursive,
+    };
+
+    explicit Mutex(Kind kind = Kind::kNormal) {
+        pthread_mutexattr_t attributes;
+        pthread_mutexattr_init(&attributes);
+        if (kind == Kind::kRecursive) {
+            pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
+        }
+        pthread_mutex_init(&mMutex, &attributes);
+        pthread_mutexattr_destroy(&attributes);
+    }
     ~Mutex() { pthread_mutex_destroy(&mMutex); }
     Mutex(const Mutex&) = delete;
     Mutex& operator=(const Mutex&) = delete;
@@ -67,44 +84,6 @@ class Condition {
 
   private:
     pthread_cond_t mCondition;
-};
-
-/*
- * A mutex that the thread holding it may take again, for work that can be entered again on the
- * same thread: a binder call made from inside a callback runs on the thread that made the
- * callback.
- */
-class CAPABILITY("mutex") RecursiveMutex {
-  public:
-    RecursiveMutex() {
-        pthread_mutexattr_t attributes;
-        pthread_mutexattr_init(&attributes);
-        pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
-        pthread_mutex_init(&mMutex, &attributes);
-        pthread_mutexattr_destroy(&attributes);
-    }
-    ~RecursiveMutex() { pthread_mutex_destroy(&mMutex); }
-    RecursiveMutex(const RecursiveMutex&) = delete;
-    RecursiveMutex& operator=(const RecursiveMutex&) = delete;
-
-    void lock() ACQUIRE() { pthread_mutex_lock(&mMutex); }
-    void unlock() RELEASE() { pthread_mutex_unlock(&mMutex); }
-
-  private:
-    pthread_mutex_t mMutex;
-};
-
-class SCOPED_CAPABILITY RecursiveMutexLock {
-  public:
-    explicit RecursiveMutexLock(RecursiveMutex& mutex) ACQUIRE(mutex) : mMutex(mutex) {
-        mMutex.lock();
-    }
-    ~RecursiveMutexLock() RELEASE() { mMutex.unlock(); }
-    RecursiveMutexLock(const RecursiveMutexLock&) = delete;
-    RecursiveMutexLock& operator=(const RecursiveMutexLock&) = delete;
-
-  private:
-    RecursiveMutex& mMutex;
 };
 
 }  // namespace offlinecamera
