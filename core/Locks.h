@@ -7,11 +7,10 @@
 
 /*
  * The locks of the library: POSIX mutexes (default attributes unless a recursive one is asked for)
- * and condition variables, known
- * to Clang's thread-safety analysis (-Wthread-safety), so that every member a lock guards is
- * declared GUARDED_BY it and every function that needs a lock held says so. The standard
- * library's own mutex carries no such annotations in every C++ library the code is built with,
- * hence these thin wrappers.
+ * and condition variables, known to Clang's thread-safety analysis (-Wthread-safety), so that
+ * every member a lock guards is declared GUARDED_BY it and every function that needs a lock held
+ * says so. The standard library's own mutex carries no such annotations in every C++ library the
+ * code is built with, hence these thin wrappers.
  */
 #pragma once
 
