@@ -51,7 +51,8 @@ void SetUpSessionProcess() {
 }
 
 void CheckGivenBack(const ::offlinecamera::test::ProcessCounts& start) {
-    const ::offlinecamera::test::ProcessCounts end = ::offlinecamera::test::ProcessCounts::Take();
+    const ::offlinecamera::test::ProcessCounts end =
+            ::offlinecamera::test::ProcessCounts::Settled(start, 1000);
     if (end == start) return;
     fprintf(stderr, "start: %s\nend:   %s\n", start.ToString().c_str(), end.ToString().c_str());
     Check(false);

@@ -413,7 +413,7 @@ void LongRunGivesEverythingBack(Scenario& s) {
     soak.BringBackKeptBuffers();
     const size_t endHeap = HeapInUse();
     const size_t endResident = ResidentBytes();
-    const ProcessCounts end = ProcessCounts::Take();
+    const ProcessCounts end = ProcessCounts::Settled(start);
 
     printf("rounds: %u after %u of warm-up; %u consumer clients, %u round trips, %u sessions "
            "with %u requests of %zu input frames (%zu results to clients that stayed)\n",

@@ -352,8 +352,12 @@ void EverythingAtOnce(Scenario& s) {
     ASSERT_NE(nullptr, target);
     ASSERT_TRUE(target->configureOfflineSession(Configuration(0)).isOk());
 
+    // Client 1 stays registered throughout, so that the producer always finds someone; the
+    // others come and go.
+    auto steady = ::ndk::SharedRefBase::make<TestClient>();
+    ASSERT_TRUE(service.registerClient(1, steady->Remote()).isOk());
     std::vector<std::thread> threads;
-    for (int32_t id = 1; id <= kClientIds; id++) {
+    for (int32_t id = 2; id <= kClientIds; id++) {
         threads.emplace_back(ConsumerThread, std::ref(service), id, static_cast<unsigned>(id));
     }
     for (unsigned seed = 1; seed <= 2; seed++) {
@@ -366,6 +370,7 @@ void EverythingAtOnce(Scenario& s) {
     ::ndk::host::waitForDeathNotices();
 
     // Every client gets back what the HAL still holds.
+    EXPECT_TRUE(service.unRegisterClient(1).isOk());
     std::mt19937 random(7);
     for (int32_t id = 1; id <= kClientIds; id++) {
         auto client = ::ndk::SharedRefBase::make<TestClient>();

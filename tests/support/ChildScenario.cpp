@@ -42,7 +42,7 @@ void ChildScenario::ExpectBalanced() const {
     // A kept buffer holds its imported handle and that handle's descriptor.
     expected.resources.liveImports += mKeptImports;
     expected.resources.openFds += mKeptImports;
-    const ProcessCounts now = ProcessCounts::Take();
+    const ProcessCounts now = ProcessCounts::Settled(expected);
     EXPECT_TRUE(now == expected) << "expected: " << expected.ToString()
                                  << "\nnow:      " << now.ToString();
     const std::vector<LogLine> platformErrors = LogCapture::TakePlatformErrors();

@@ -35,11 +35,12 @@ inline size_t CountOpenFds() {
 
 /*
  * Waits until done() holds, for work that ends on another thread without telling anyone (a
- * session that its last delivery destroys on the backend's thread). False when it never does.
+ * session that its last delivery destroys on the backend's thread). False when it does not
+ * within the time given.
  */
 template <typename Done>
-bool WaitUntil(Done done) {
-    for (int i = 0; i < 10000; i++) {
+bool WaitUntil(Done done, int milliseconds = 10000) {
+    for (int i = 0; i < milliseconds; i++) {
         if (done()) return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
@@ -69,6 +70,16 @@ struct ProcessCounts {
     static ProcessCounts Take();
     bool operator==(const ProcessCounts& other) const;
     std::string ToString() const;
+
+    /*
+     * Takes the counts until they equal expected, or the time given has passed: what a scenario
+     * made may still be going on another thread (a session ending on the backend's thread).
+     */
+    static ProcessCounts Settled(const ProcessCounts& expected, int milliseconds = 10000) {
+        ProcessCounts now;
+        WaitUntil([&] { return (now = Take()) == expected; }, milliseconds);
+        return now;
+    }
 };
 
 }  // namespace offlinecamera::test
