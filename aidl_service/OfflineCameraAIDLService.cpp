@@ -55,6 +55,20 @@ void releaseReceivedHandle(native_handle_t* handle) {
     native_handle_delete(handle);
 }
 
+// Erases the first lent buffer whose handle is this one from the list, into *pRecord; false when
+// there is none.
+bool takeRecord(std::list<ClientBufferRecord>& records, buffer_handle_t handle,
+                ClientBufferRecord* pRecord) {
+    auto record = std::find_if(records.begin(), records.end(),
+                               [handle](const ClientBufferRecord& r) { return r.handle == handle; });
+    if (record == records.end()) {
+        return false;
+    }
+    *pRecord = *record;
+    records.erase(record);
+    return true;
+}
+
 void freeBuffers(const std::vector<buffer_handle_t>& handles) {
     for (buffer_handle_t handle : handles) {
         gHandleImporter.freeBuffer(handle);
@@ -448,15 +462,7 @@ bool OfflineCameraAIDLService::takeLentBuffer(int32_t clientId, const buffer_han
     // Kept on purpose: a client id without a list of lent buffers stops the process.
     std::list<ClientBufferRecord>& records = checkedAt(mClientBuffers, clientId);
     // A record is found by the handle that the producer's pointer reads.
-    const buffer_handle_t handle = *pBuffer;
-    auto record = std::find_if(records.begin(), records.end(),
-                               [handle](const ClientBufferRecord& r) { return r.handle == handle; });
-    if (record == records.end()) {
-        return false;
-    }
-    *pRecord = *record;
-    records.erase(record);
-    return true;
+    return takeRecord(records, *pBuffer, pRecord);
 }
 
 void OfflineCameraAIDLService::forgetLentBuffers(int32_t clientId,
@@ -469,13 +475,9 @@ void OfflineCameraAIDLService::forgetLentBuffers(int32_t clientId,
             return;
         }
         for (uint32_t i = 0; i < pCaptureResult->num_output_buffers; i++) {
-            const buffer_handle_t handle = *pCaptureResult->output_buffers[i].buffer;
-            auto record = std::find_if(
-                    records->second.begin(), records->second.end(),
-                    [handle](const ClientBufferRecord& r) { return r.handle == handle; });
-            if (record != records->second.end()) {
-                handles.push_back(record->handle);
-                records->second.erase(record);
+            ClientBufferRecord record;
+            if (takeRecord(records->second, *pCaptureResult->output_buffers[i].buffer, &record)) {
+                handles.push_back(record.handle);
             }
         }
     }
