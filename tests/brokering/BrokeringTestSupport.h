@@ -203,4 +203,12 @@ using ScenarioFn = void (*)(Scenario&);
 
 #define EXPECT_SCENARIO(fn) EXPECT_EXIT(RunScenario(fn), ::testing::ExitedWithCode(0), "")
 
+/* A test whose body is a brokering scenario, with `s` the scenario: SCENARIO_TEST(Suite, Name) {} */
+#define SCENARIO_TEST(suite, name)       \
+    void suite##_##name(Scenario&);      \
+    TEST(suite, name) {                  \
+        EXPECT_SCENARIO(suite##_##name); \
+    }                                    \
+    void suite##_##name([[maybe_unused]] Scenario& s)
+
 }  // namespace offlinecamera::test

@@ -102,9 +102,7 @@ bool AllBytesAre(const std::vector<uint8_t>& bytes, uint8_t value) {
     return true;
 }
 
-class BufferRequestTest : public BalancedTest {};
-
-void LendsBuffersOfTwoStreamsInOrder(Scenario& s) {
+SCENARIO_TEST(BufferRequestTest, LendsBuffersOfTwoStreamsInOrder) {
     Brokering b(s);
     ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {3, 3}));
     EXPECT_EQ(2u, b.producer.ReturnedCount());
@@ -170,12 +168,9 @@ void LendsBuffersOfTwoStreamsInOrder(Scenario& s) {
               b.client->Results()[0].buffers);
     EXPECT_EQ(b.imports, LiveImports());
 }
-TEST_F(BufferRequestTest, LendsBuffersOfTwoStreamsInOrder) {
-    EXPECT_SCENARIO(LendsBuffersOfTwoStreamsInOrder);
-}
 
 // Every entry asks for the first request's count, but never for more than its own array holds.
-void EveryEntryAsksForTheFirstCount(Scenario& s) {
+SCENARIO_TEST(BufferRequestTest, EveryEntryAsksForTheFirstCount) {
     Brokering b(s);
     ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {2, 5}));
     EXPECT_EQ(2u, b.producer.Returned()[0].num_output_buffers);
@@ -215,12 +210,9 @@ void EveryEntryAsksForTheFirstCount(Scenario& s) {
               b.client->Results()[1].buffers);
     EXPECT_EQ(b.imports, LiveImports());
 }
-TEST_F(BufferRequestTest, EveryEntryAsksForTheFirstCount) {
-    EXPECT_SCENARIO(EveryEntryAsksForTheFirstCount);
-}
 
 // Calls that never reach the client: an unknown client, missing arrays or result, no requests.
-void CallsThatReachNoClient(Scenario& s) {
+SCENARIO_TEST(BufferRequestTest, CallsThatReachNoClient) {
     Brokering b(s);
     Producer stranger(99);
     EXPECT_EQ(CAMERA3_BUF_REQ_FAILED_UNKNOWN, stranger.Request({&b.streams.preview}, {1}));
@@ -258,11 +250,8 @@ void CallsThatReachNoClient(Scenario& s) {
     EXPECT_TRUE(b.client->Requests().empty());
     EXPECT_TRUE(b.client->Results().empty());
 }
-TEST_F(BufferRequestTest, CallsThatReachNoClient) {
-    EXPECT_SCENARIO(CallsThatReachNoClient);
-}
 
-void ConsumerFailuresLendNothing(Scenario& s) {
+SCENARIO_TEST(BufferRequestTest, ConsumerFailuresLendNothing) {
     Brokering b(s);
     const std::string failed =
             ::ndk::ScopedAStatus::fromStatus(STATUS_FAILED_TRANSACTION).getDescription();
@@ -295,11 +284,8 @@ void ConsumerFailuresLendNothing(Scenario& s) {
         EXPECT_EQ(nullptr, b.producer.Buffer(0, 0).buffer);
     }
 }
-TEST_F(BufferRequestTest, ConsumerFailuresLendNothing) {
-    EXPECT_SCENARIO(ConsumerFailuresLendNothing);
-}
 
-void InvalidBufferEndsTheRequest(Scenario& s) {
+SCENARIO_TEST(BufferRequestTest, InvalidBufferEndsTheRequest) {
     Brokering b(s);
     const struct {
         TestClient::Reply reply;
@@ -330,22 +316,17 @@ void InvalidBufferEndsTheRequest(Scenario& s) {
     // The mapper refused the buffer that is not of this platform's allocator.
     EXPECT_EQ(std::vector<std::string>{"GraphicBufferMapper"}, LogCapture::TakePlatformErrorTags());
 }
-TEST_F(BufferRequestTest, InvalidBufferEndsTheRequest) {
-    EXPECT_SCENARIO(InvalidBufferEndsTheRequest);
-}
 
 void ErrorInsteadOfBuffers(Scenario& s) {
     Brokering b(s);
     b.client->SetReply(TestClient::Reply::kErrorInsteadOfBuffers);
     b.producer.Request({&b.streams.preview}, {1});
 }
-TEST_F(BufferRequestTest, ErrorInsteadOfBuffersStopsTheProcess) {
+TEST(BufferRequestTest, ErrorInsteadOfBuffersStopsTheProcess) {
     EXPECT_DEATH(RunScenario(ErrorInsteadOfBuffers), "bad access: a wrong tag");
 }
 
-class CaptureResultTest : public BalancedTest {};
-
-void DeliversMetadataAndBuffersWrittenByTheProducer(Scenario& s) {
+SCENARIO_TEST(CaptureResultTest, DeliversMetadataAndBuffersWrittenByTheProducer) {
     Brokering b(s);
     ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.preview, &b.streams.rgba}, {1, 1}));
     Fill(b.producer.Buffer(0, 0), 0x5a);
@@ -390,11 +371,8 @@ void DeliversMetadataAndBuffersWrittenByTheProducer(Scenario& s) {
     EXPECT_TRUE(b.client->Results()[1].buffers.empty());
     free_camera_metadata(metadata);
 }
-TEST_F(CaptureResultTest, DeliversMetadataAndBuffersWrittenByTheProducer) {
-    EXPECT_SCENARIO(DeliversMetadataAndBuffersWrittenByTheProducer);
-}
 
-void UnknownBufferDropsTheWholeResult(Scenario& s) {
+SCENARIO_TEST(CaptureResultTest, UnknownBufferDropsTheWholeResult) {
     Brokering b(s);
     ASSERT_EQ(CAMERA3_BUF_REQ_OK, b.producer.Request({&b.streams.rgba}, {2}));
     const camera3_stream_buffer_t first = b.producer.Buffer(0, 0);
@@ -420,13 +398,10 @@ void UnknownBufferDropsTheWholeResult(Scenario& s) {
     EXPECT_EQ(b.imports, LiveImports());
     ::android::hostgralloc::release(other);
 }
-TEST_F(CaptureResultTest, UnknownBufferDropsTheWholeResult) {
-    EXPECT_SCENARIO(UnknownBufferDropsTheWholeResult);
-}
 
 // The producer keeps many buffers lent at once and gives them back in any order: each pointer
 // leads to its own buffer for as long as the buffer is lent.
-void ReturnsInAnyOrderFindTheirOwnBuffers(Scenario& s) {
+SCENARIO_TEST(CaptureResultTest, ReturnsInAnyOrderFindTheirOwnBuffers) {
     Brokering b(s);
     constexpr size_t kCalls = 5;
     constexpr uint32_t kPerCall = 8;
@@ -457,9 +432,6 @@ void ReturnsInAnyOrderFindTheirOwnBuffers(Scenario& s) {
     }
     EXPECT_EQ(expected, seen);
     EXPECT_EQ(b.imports, LiveImports());
-}
-TEST_F(CaptureResultTest, ReturnsInAnyOrderFindTheirOwnBuffers) {
-    EXPECT_SCENARIO(ReturnsInAnyOrderFindTheirOwnBuffers);
 }
 
 }  // namespace

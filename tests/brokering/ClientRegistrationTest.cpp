@@ -35,9 +35,7 @@ size_t Links(const std::shared_ptr<TestClient>& client) {
     return ::ndk::host::linkCount(client->asBinder().get());
 }
 
-class ClientRegistrationTest : public BalancedTest {};
-
-void RegistersAndUnregisters(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, RegistersAndUnregisters) {
     // Any id is the client's own choice, negative ones and 0 included.
     for (int32_t id : {5, 0, -3}) {
         auto client = ::ndk::SharedRefBase::make<TestClient>();
@@ -56,11 +54,8 @@ void RegistersAndUnregisters(Scenario& s) {
         EXPECT_EQ(0u, Links(client));
     }
 }
-TEST_F(ClientRegistrationTest, RegistersAndUnregisters) {
-    EXPECT_SCENARIO(RegistersAndUnregisters);
-}
 
-void RefusesNullCallbackAndSecondRegistration(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, RefusesNullCallbackAndSecondRegistration) {
     EXPECT_TRUE(IsIllegalArgument(s.Service().registerClient(4, nullptr)));
     EXPECT_EQ(std::vector<LogLine>{ServiceLine(ANDROID_LOG_ERROR,
                                                "149 registerClient: callback is NULL!")},
@@ -89,11 +84,8 @@ void RefusesNullCallbackAndSecondRegistration(Scenario& s) {
     EXPECT_EQ(1u, first->Results().size());
     EXPECT_TRUE(s.Service().unRegisterClient(4).isOk());
 }
-TEST_F(ClientRegistrationTest, RefusesNullCallbackAndSecondRegistration) {
-    EXPECT_SCENARIO(RefusesNullCallbackAndSecondRegistration);
-}
 
-void TenClientsAtOnce(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, TenClientsAtOnce) {
     std::vector<std::shared_ptr<TestClient>> clients;
     for (int32_t id = 1; id <= 11; id++) {
         clients.push_back(::ndk::SharedRefBase::make<TestClient>());
@@ -128,11 +120,8 @@ void TenClientsAtOnce(Scenario& s) {
         }
     }
 }
-TEST_F(ClientRegistrationTest, TenClientsAtOnce) {
-    EXPECT_SCENARIO(TenClientsAtOnce);
-}
 
-void FailedDeathLinkRegistersWithoutWatch(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, FailedDeathLinkRegistersWithoutWatch) {
     auto unwatched = ::ndk::SharedRefBase::make<TestClient>();
     ::ndk::host::failNextLinkToDeath(STATUS_DEAD_OBJECT);
     ASSERT_TRUE(s.Service().registerClient(20, unwatched->Remote()).isOk());
@@ -170,11 +159,8 @@ void FailedDeathLinkRegistersWithoutWatch(Scenario& s) {
         EXPECT_TRUE(s.Service().unRegisterClient(id).isOk()) << id;
     }
 }
-TEST_F(ClientRegistrationTest, FailedDeathLinkRegistersWithoutWatch) {
-    EXPECT_SCENARIO(FailedDeathLinkRegistersWithoutWatch);
-}
 
-void UnregisterOfUnknownIdFails(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, UnregisterOfUnknownIdFails) {
     EXPECT_TRUE(IsIllegalArgument(s.Service().unRegisterClient(8)));
     const LogLine unknown = ServiceLine(
             ANDROID_LOG_ERROR, "166 unRegisterClient: This clientID: 8 did not register before!");
@@ -187,11 +173,8 @@ void UnregisterOfUnknownIdFails(Scenario& s) {
     EXPECT_TRUE(IsIllegalArgument(s.Service().unRegisterClient(8)));
     EXPECT_EQ(std::vector<LogLine>{unknown}, LogCapture::Lines());
 }
-TEST_F(ClientRegistrationTest, UnregisterOfUnknownIdFails) {
-    EXPECT_SCENARIO(UnregisterOfUnknownIdFails);
-}
 
-void DeathCleansUpAndKeepsLentBuffers(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, DeathCleansUpAndKeepsLentBuffers) {
     camera3_stream_t stream = MakeStream(32, 16, HAL_PIXEL_FORMAT_RGBA_8888, 0,
                                          HAL_DATASPACE_UNKNOWN, CAMERA3_STREAM_ROTATION_0);
     Producer producer(9);
@@ -229,14 +212,11 @@ void DeathCleansUpAndKeepsLentBuffers(Scenario& s) {
     EXPECT_EQ(imports, ::android::hostgralloc::liveImportCount());
     EXPECT_TRUE(s.Service().unRegisterClient(9).isOk());
 }
-TEST_F(ClientRegistrationTest, DeathCleansUpAndKeepsLentBuffers) {
-    EXPECT_SCENARIO(DeathCleansUpAndKeepsLentBuffers);
-}
 
 // A death notice reaches the service late, on the binder library's death thread: its client has
 // unregistered meanwhile, and another client took the freed slot. The notice concerns its own
 // registration only.
-void ALateDeathNoticeConcernsOnlyItsRegistration(Scenario& s) {
+SCENARIO_TEST(ClientRegistrationTest, ALateDeathNoticeConcernsOnlyItsRegistration) {
     auto dying = ::ndk::SharedRefBase::make<TestClient>();
     auto next = ::ndk::SharedRefBase::make<TestClient>();
     ASSERT_TRUE(s.Service().registerClient(4, dying->Remote()).isOk());
@@ -253,9 +233,6 @@ void ALateDeathNoticeConcernsOnlyItsRegistration(Scenario& s) {
     EXPECT_TRUE(InCore(5));
     EXPECT_EQ(1u, Links(next));
     EXPECT_TRUE(s.Service().unRegisterClient(5).isOk());
-}
-TEST_F(ClientRegistrationTest, ALateDeathNoticeConcernsOnlyItsRegistration) {
-    EXPECT_SCENARIO(ALateDeathNoticeConcernsOnlyItsRegistration);
 }
 
 }  // namespace

@@ -26,9 +26,7 @@ constexpr int32_t kDoomedBase = 100;
 constexpr int32_t kDoomed = 4;
 constexpr int32_t kStaying = 50;
 
-class ConcurrentClientsTest : public BalancedTest {};
-
-void RegistrationsAndDeathsOnManyThreads(Scenario& s) {
+SCENARIO_TEST(ConcurrentClientsTest, RegistrationsAndDeathsOnManyThreads) {
     std::vector<std::shared_ptr<TestClient>> doomed;
     for (int32_t i = 0; i < kDoomed; i++) {
         doomed.push_back(::ndk::SharedRefBase::make<TestClient>());
@@ -103,9 +101,6 @@ void RegistrationsAndDeathsOnManyThreads(Scenario& s) {
     for (int32_t id = 1; id <= 10; id++) {
         EXPECT_TRUE(s.Service().unRegisterClient(id).isOk());
     }
-}
-TEST_F(ConcurrentClientsTest, RegistrationsAndDeathsOnManyThreads) {
-    EXPECT_SCENARIO(RegistrationsAndDeathsOnManyThreads);
 }
 
 }  // namespace

@@ -54,9 +54,7 @@ camera3_stream_t TestStream() {
                       CAMERA3_STREAM_ROTATION_0);
 }
 
-class ServiceCallbacksTest : public BalancedTest {};
-
-void ReturnsBuffersToTheClient(Scenario& s) {
+SCENARIO_TEST(ServiceCallbacksTest, ReturnsBuffersToTheClient) {
     auto client = ::ndk::SharedRefBase::make<TestClient>();
     ASSERT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
     camera3_stream_t stream = TestStream();
@@ -102,11 +100,8 @@ void ReturnsBuffersToTheClient(Scenario& s) {
     EXPECT_EQ(imports, ::android::hostgralloc::liveImportCount());
     EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
 }
-TEST_F(ServiceCallbacksTest, ReturnsBuffersToTheClient) {
-    EXPECT_SCENARIO(ReturnsBuffersToTheClient);
-}
 
-void MissingArgumentsAreRefused(Scenario&) {
+SCENARIO_TEST(ServiceCallbacksTest, MissingArgumentsAreRefused) {
     const ClientCallbacks& callbacks = PublishedService()->clientCallbacks();
     camera3_stream_t stream = TestStream();
     camera3_stream_buffer_t output = {};
@@ -126,11 +121,8 @@ void MissingArgumentsAreRefused(Scenario&) {
             LogCapture::Lines());
     EXPECT_EQ(nullptr, output.buffer);
 }
-TEST_F(ServiceCallbacksTest, MissingArgumentsAreRefused) {
-    EXPECT_SCENARIO(MissingArgumentsAreRefused);
-}
 
-void DeadClientIsNotFound(Scenario& s) {
+SCENARIO_TEST(ServiceCallbacksTest, DeadClientIsNotFound) {
     auto client = ::ndk::SharedRefBase::make<TestClient>();
     ASSERT_TRUE(s.Service().registerClient(12, client->Remote()).isOk());
     client->Die();
@@ -152,13 +144,10 @@ void DeadClientIsNotFound(Scenario& s) {
     EXPECT_TRUE(client->Requests().empty());
     EXPECT_TRUE(client->Results().empty());
 }
-TEST_F(ServiceCallbacksTest, DeadClientIsNotFound) {
-    EXPECT_SCENARIO(DeadClientIsNotFound);
-}
 
 // The client leaves between the core's check of its id and the delivery of a result that hands
 // buffers back: the producer has been told they went back, so they are freed.
-void AResultForAClientThatJustLeftFreesItsBuffers(Scenario& s) {
+SCENARIO_TEST(ServiceCallbacksTest, AResultForAClientThatJustLeftFreesItsBuffers) {
     auto client = ::ndk::SharedRefBase::make<TestClient>();
     ASSERT_TRUE(s.Service().registerClient(kClient, client->Remote()).isOk());
     camera3_stream_t stream = TestStream();
@@ -176,12 +165,9 @@ void AResultForAClientThatJustLeftFreesItsBuffers(Scenario& s) {
     EXPECT_EQ(imports, ::android::hostgralloc::liveImportCount());
     EXPECT_EQ(1u, client->Results().size());
 }
-TEST_F(ServiceCallbacksTest, AResultForAClientThatJustLeftFreesItsBuffers) {
-    EXPECT_SCENARIO(AResultForAClientThatJustLeftFreesItsBuffers);
-}
 
 // A death notice on its way when the service object goes (the library is unloaded).
-void ADeathNoticeOutlivesTheService(Scenario&) {
+SCENARIO_TEST(ServiceCallbacksTest, ADeathNoticeOutlivesTheService) {
     auto service = ::ndk::SharedRefBase::make<OfflineCameraAIDLService>();
     auto client = ::ndk::SharedRefBase::make<TestClient>();
     ASSERT_TRUE(service->registerClient(kClient, client->Remote()).isOk());
@@ -196,9 +182,6 @@ void ADeathNoticeOutlivesTheService(Scenario&) {
               LogCapture::Lines(kServiceTag));
     // The core keeps the id of a client of a service that is gone.
     OfflineCameraService::GetInstance()->unRegisterConsumerClient(kClient);
-}
-TEST_F(ServiceCallbacksTest, ADeathNoticeOutlivesTheService) {
-    EXPECT_SCENARIO(ADeathNoticeOutlivesTheService);
 }
 
 TEST(CheckedLookupTest, MissingKeyStopsTheProcess) {

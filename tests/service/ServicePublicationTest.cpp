@@ -41,7 +41,7 @@ const LogLine kAlready = {ANDROID_LOG_INFO, kEntryTag,
                                       "service alredy register offlineAIDLService:") +
                                   kInstance};
 
-void PublishesOnceAndOnlyLogsLater(ChildScenario& s) {
+CHILD_TEST(ServicePublicationTest, PublishesOnceAndOnlyLogsLater) {
     size_t contexts = kivref::LiveContexts();
     EXPECT_EQ(nullptr, AServiceManager_checkService(kInstance));
 
@@ -72,7 +72,7 @@ void PublishesOnceAndOnlyLogsLater(ChildScenario& s) {
     EXPECT_EQ(binder.get(), again.get());
 }
 
-void FailedPublicationIsNotRetried(ChildScenario& s) {
+CHILD_TEST(ServicePublicationTest, FailedPublicationIsNotRetried) {
     ndk::host::failNextAddService(EX_ILLEGAL_STATE);
     RegisterOfflineCameraAIDLService();
     s.Settle();
@@ -91,7 +91,7 @@ void FailedPublicationIsNotRetried(ChildScenario& s) {
     EXPECT_EQ(nullptr, AServiceManager_checkService(kInstance));
 }
 
-void RemoteClientReachesThePublishedService(ChildScenario& s) {
+CHILD_TEST(ServicePublicationTest, RemoteClientReachesThePublishedService) {
     RegisterOfflineCameraAIDLService();
     s.Settle();
     ::ndk::SpAIBinder binder(AServiceManager_waitForService(kInstance));
@@ -105,18 +105,6 @@ void RemoteClientReachesThePublishedService(ChildScenario& s) {
     EXPECT_TRUE(service->getInterfaceVersion(&version).isOk());
     EXPECT_EQ(2, version);
     ndk::host::setRemote(binder.get(), false);
-}
-
-TEST(ServicePublicationTest, PublishesOnceAndOnlyLogsLater) {
-    EXPECT_IN_CHILD(PublishesOnceAndOnlyLogsLater);
-}
-
-TEST(ServicePublicationTest, FailedPublicationIsNotRetried) {
-    EXPECT_IN_CHILD(FailedPublicationIsNotRetried);
-}
-
-TEST(ServicePublicationTest, RemoteClientReachesThePublishedService) {
-    EXPECT_IN_CHILD(RemoteClientReachesThePublishedService);
 }
 
 }  // namespace

@@ -226,7 +226,7 @@ size_t CountWithPrefix(const std::vector<LogLine>& lines, const std::string& pre
 // ---------------------------------------------------------------------------------------------
 // Configuration
 
-void ConfigurationMapsModesAndKeepsStreamRecordsInPlace(ChildScenario& s) {
+CHILD_TEST(OfflineConfigurationTest, ConfigurationMapsModesAndKeepsStreamRecordsInPlace) {
     RemoteClient client(s);
     const size_t tablesBefore = kivref::OpenMetadataOps();
     {
@@ -301,7 +301,7 @@ void ConfigurationMapsModesAndKeepsStreamRecordsInPlace(ChildScenario& s) {
     EXPECT_EQ(tablesBefore, kivref::OpenMetadataOps());
 }
 
-void EmptyAndInvalidConfigurationsStillReachTheBackend(ChildScenario& s) {
+CHILD_TEST(OfflineConfigurationTest, EmptyAndInvalidConfigurationsStillReachTheBackend) {
     RemoteClient client(s);
     {
         ProcessingSession opened(client, "empty");
@@ -339,7 +339,7 @@ void EmptyAndInvalidConfigurationsStillReachTheBackend(ChildScenario& s) {
     }
 }
 
-void SessionParametersGoToTheBackendAndEndWithTheSession(ChildScenario& s) {
+CHILD_TEST(OfflineConfigurationTest, SessionParametersGoToTheBackendAndEndWithTheSession) {
     RemoteClient client(s);
     const size_t metadataBefore = kivref::LiveKivMetadata();
     {
@@ -372,22 +372,10 @@ void SessionParametersGoToTheBackendAndEndWithTheSession(ChildScenario& s) {
     }
 }
 
-TEST(OfflineConfigurationTest, ConfigurationMapsModesAndKeepsStreamRecordsInPlace) {
-    EXPECT_IN_CHILD(ConfigurationMapsModesAndKeepsStreamRecordsInPlace);
-}
-
-TEST(OfflineConfigurationTest, EmptyAndInvalidConfigurationsStillReachTheBackend) {
-    EXPECT_IN_CHILD(EmptyAndInvalidConfigurationsStillReachTheBackend);
-}
-
-TEST(OfflineConfigurationTest, SessionParametersGoToTheBackendAndEndWithTheSession) {
-    EXPECT_IN_CHILD(SessionParametersGoToTheBackendAndEndWithTheSession);
-}
-
 // ---------------------------------------------------------------------------------------------
 // Requests and results
 
-void RequestsComeBackAsMessagesAndResults(ChildScenario& s) {
+CHILD_TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
     RemoteClient client(s);
     const size_t importsBefore = android::hostgralloc::liveImportCount();
     {
@@ -453,7 +441,7 @@ void RequestsComeBackAsMessagesAndResults(ChildScenario& s) {
     }
 }
 
-void FaultyRequestsAreStillExecuted(ChildScenario& s) {
+CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
     RemoteClient client(s);
     {
         ProcessingSession opened(client, "faults");
@@ -518,7 +506,7 @@ void FaultyRequestsAreStillExecuted(ChildScenario& s) {
     }
 }
 
-void DeliveriesMadeByTheBackend(ChildScenario& s) {
+CHILD_TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
     RemoteClient client(s);
     {
         ProcessingSession opened(client, "records");
@@ -577,7 +565,7 @@ void DeliveriesMadeByTheBackend(ChildScenario& s) {
     }
 }
 
-void ASessionWithoutAClientDropsWhatComesBack(ChildScenario& s) {
+CHILD_TEST(OfflineProcessingTest, ASessionWithoutAClientDropsWhatComesBack) {
     RemoteClient client(s);
     {
         // Only a session made in this process can lack a client.
@@ -600,29 +588,13 @@ void ASessionWithoutAClientDropsWhatComesBack(ChildScenario& s) {
     }
 }
 
-TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
-    EXPECT_IN_CHILD(RequestsComeBackAsMessagesAndResults);
-}
-
-TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
-    EXPECT_IN_CHILD(FaultyRequestsAreStillExecuted);
-}
-
-TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
-    EXPECT_IN_CHILD(DeliveriesMadeByTheBackend);
-}
-
-TEST(OfflineProcessingTest, ASessionWithoutAClientDropsWhatComesBack) {
-    EXPECT_IN_CHILD(ASessionWithoutAClientDropsWhatComesBack);
-}
-
 // ---------------------------------------------------------------------------------------------
 // Uses that the interface allows: several binder threads, nested calls, references dropped in
 // callbacks.
 
 // The client drops its last reference to the session while it handles the session's result: the
 // session goes once the delivery has ended.
-void DroppedInsideItsOwnDelivery(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, DroppedInsideItsOwnDelivery) {
     RemoteClient client(s);
     ProcessingSession opened(client, "dropped");
     opened.ConfigureInputAndOutput();
@@ -637,7 +609,7 @@ void DroppedInsideItsOwnDelivery(ChildScenario& s) {
 
 // A client whose result callback flushes another session, whose backend delivers that session's
 // results before the flush returns.
-void ResultCallbackFlushesAnotherSession(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, ResultCallbackFlushesAnotherSession) {
     s.FailIfStuck(30);
     RemoteClient client(s);
     ProcessingSession a(client, "a");
@@ -657,7 +629,7 @@ void ResultCallbackFlushesAnotherSession(ChildScenario& s) {
 // A buffer refused (its id is still out) and followed by one that imports: the request is
 // converted in full, and every camera3 buffer that the backend was given is still readable while
 // it executes the request.
-void RefusedBufferIsReadableDuringExecution(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, RefusedBufferIsReadableDuringExecution) {
     RemoteClient client(s);
     ProcessingSession opened(client, "refused");
     opened.ConfigureInputAndOutput();
@@ -678,7 +650,7 @@ void RefusedBufferIsReadableDuringExecution(ChildScenario& s) {
 
 // Two binder threads send requests on one session: each request keeps what it hands to the
 // backend until the backend has taken it.
-void ConcurrentRequestsOnOneSession(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, ConcurrentRequestsOnOneSession) {
     RemoteClient client(s);
     ProcessingSession opened(client, "concurrent");
     opened.ConfigureInputAndOutput();
@@ -696,7 +668,7 @@ void ConcurrentRequestsOnOneSession(ChildScenario& s) {
 
 // The client closes the session on one binder thread while a request is on its way on another:
 // the close frees the request's buffers only once the request is done with them.
-void CloseWhileARequestIsOnItsWay(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, CloseWhileARequestIsOnItsWay) {
     RemoteClient client(s);
     ProcessingSession opened(client, "closing");
     opened.ConfigureInputAndOutput();
@@ -722,7 +694,7 @@ void CloseWhileARequestIsOnItsWay(ChildScenario& s) {
 
 // A session gives back exactly the metadata holds that it took: one never configured, or closed
 // twice, gives back none, and one configured twice gives back two.
-void MetadataHoldsGivenBackAreThoseTaken(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, MetadataHoldsGivenBackAreThoseTaken) {
     RemoteClient client(s);
     ProcessingSession configured(client, "configured");
     configured.ConfigureInputAndOutput();
@@ -746,7 +718,7 @@ void MetadataHoldsGivenBackAreThoseTaken(ChildScenario& s) {
 }
 
 // Configurations of a session while the backend delivers its results from its own thread.
-void ReconfiguredWhileResultsArrive(ChildScenario& s) {
+CHILD_TEST(OfflineSessionUseTest, ReconfiguredWhileResultsArrive) {
     RemoteClient client(s);
     ProcessingSession opened(client, "reconfigured");
     opened.ConfigureInputAndOutput();
@@ -758,34 +730,6 @@ void ReconfiguredWhileResultsArrive(ChildScenario& s) {
     ASSERT_TRUE(kivref::WaitIdle(opened.handle));
     EXPECT_EQ(20u, opened.callback->Results().size());
     EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
-}
-
-TEST(OfflineSessionUseTest, DroppedInsideItsOwnDelivery) {
-    EXPECT_IN_CHILD(DroppedInsideItsOwnDelivery);
-}
-
-TEST(OfflineSessionUseTest, ResultCallbackFlushesAnotherSession) {
-    EXPECT_IN_CHILD(ResultCallbackFlushesAnotherSession);
-}
-
-TEST(OfflineSessionUseTest, RefusedBufferIsReadableDuringExecution) {
-    EXPECT_IN_CHILD(RefusedBufferIsReadableDuringExecution);
-}
-
-TEST(OfflineSessionUseTest, ConcurrentRequestsOnOneSession) {
-    EXPECT_IN_CHILD(ConcurrentRequestsOnOneSession);
-}
-
-TEST(OfflineSessionUseTest, CloseWhileARequestIsOnItsWay) {
-    EXPECT_IN_CHILD(CloseWhileARequestIsOnItsWay);
-}
-
-TEST(OfflineSessionUseTest, MetadataHoldsGivenBackAreThoseTaken) {
-    EXPECT_IN_CHILD(MetadataHoldsGivenBackAreThoseTaken);
-}
-
-TEST(OfflineSessionUseTest, ReconfiguredWhileResultsArrive) {
-    EXPECT_IN_CHILD(ReconfiguredWhileResultsArrive);
 }
 
 }  // namespace

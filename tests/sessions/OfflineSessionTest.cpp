@@ -48,7 +48,7 @@ LogLine OpenedLine(uint64_t handle, const char* name) {
 // ---------------------------------------------------------------------------------------------
 // Capability queries and session opening
 
-void QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps(ChildScenario& s) {
+CHILD_TEST(OfflineSessionOpeningTest, QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps) {
     RemoteClient client(s);
     std::vector<int32_t> modes;
     EXPECT_TRUE(client.Service().getSupportedOpModes(&modes).isOk());
@@ -67,7 +67,7 @@ void QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps(ChildScenario& s) {
     EXPECT_TRUE(kivref::Calls().empty());
 }
 
-void StaticCapsWithoutABoundBackendAreAnInternalError(ChildScenario& s) {
+CHILD_TEST(OfflineSessionOpeningTest, StaticCapsWithoutABoundBackendAreAnInternalError) {
     RemoteClient client(s, TEST_VENDOR_ROOT_EMPTY);
     CameraMetadata caps;
     ::ndk::ScopedAStatus status = client.Service().getOfflineStaticCaps(&caps);
@@ -80,7 +80,7 @@ void StaticCapsWithoutABoundBackendAreAnInternalError(ChildScenario& s) {
     EXPECT_EQ(std::vector<std::string>{"VornOsUtils"}, LogCapture::TakePlatformErrorTags());
 }
 
-void OpeningWithoutACallbackIsRefused(ChildScenario& s) {
+CHILD_TEST(OfflineSessionOpeningTest, OpeningWithoutACallbackIsRefused) {
     RemoteClient client(s);
     std::shared_ptr<IOfflineCameraSession> session;
     ::ndk::ScopedAStatus status = client.Service().openOfflineSeesion("nobody", nullptr, &session);
@@ -93,22 +93,10 @@ void OpeningWithoutACallbackIsRefused(ChildScenario& s) {
     EXPECT_TRUE(kivref::Calls().empty());
 }
 
-TEST(OfflineSessionOpeningTest, QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps) {
-    EXPECT_IN_CHILD(QueriesAnswerTheFixedModesAndACopyOfTheStaticCaps);
-}
-
-TEST(OfflineSessionOpeningTest, StaticCapsWithoutABoundBackendAreAnInternalError) {
-    EXPECT_IN_CHILD(StaticCapsWithoutABoundBackendAreAnInternalError);
-}
-
-TEST(OfflineSessionOpeningTest, OpeningWithoutACallbackIsRefused) {
-    EXPECT_IN_CHILD(OpeningWithoutACallbackIsRefused);
-}
-
 // ---------------------------------------------------------------------------------------------
 // Session life
 
-void RemoteClientOpensFlushesDumpsAndCloses(ChildScenario& s) {
+CHILD_TEST(OfflineSessionLifeTest, RemoteClientOpensFlushesDumpsAndCloses) {
     RemoteClient client(s);
     {
         OpenedSession opened = client.OpenSession("portrait");
@@ -150,7 +138,7 @@ void RemoteClientOpensFlushesDumpsAndCloses(ChildScenario& s) {
     EXPECT_TRUE(kivref::Calls().empty());
 }
 
-void ARefusedSessionStillAnswersOk(ChildScenario& s) {
+CHILD_TEST(OfflineSessionLifeTest, ARefusedSessionStillAnswersOk) {
     RemoteClient client(s);
     kivref::SetSlotFailure(kivref::Slot::OpenSession, true);
     {
@@ -175,7 +163,7 @@ void ARefusedSessionStillAnswersOk(ChildScenario& s) {
     }
 }
 
-void ClosingTwiceClosesTheBackendTwice(ChildScenario& s) {
+CHILD_TEST(OfflineSessionLifeTest, ClosingTwiceClosesTheBackendTwice) {
     RemoteClient client(s);
     {
         OpenedSession opened = client.OpenSession("twice");
@@ -199,7 +187,7 @@ void ClosingTwiceClosesTheBackendTwice(ChildScenario& s) {
     EXPECT_EQ(2u, CallsOf(kivref::Slot::CloseSession).size());
 }
 
-void AClientDeathIsOnlyLogged(ChildScenario& s) {
+CHILD_TEST(OfflineSessionLifeTest, AClientDeathIsOnlyLogged) {
     RemoteClient client(s);
     {
         OpenedSession opened = client.OpenSession("night");
@@ -227,7 +215,7 @@ void AClientDeathIsOnlyLogged(ChildScenario& s) {
 
 // The client's death notice is on its way, on the binder library's death thread, when the
 // client's last reference to the session goes.
-void ADeathNoticeAfterTheLastReference(ChildScenario& s) {
+CHILD_TEST(OfflineSessionLifeTest, ADeathNoticeAfterTheLastReference) {
     RemoteClient client(s);
     OpenedSession opened = client.OpenSession("late");
     ::ndk::host::holdDeathNotices(true);
@@ -242,7 +230,7 @@ void ADeathNoticeAfterTheLastReference(ChildScenario& s) {
               LogCapture::Lines(kSessionTag));
 }
 
-void TwoSessionsWithOneNameAreIndependent(ChildScenario& s) {
+CHILD_TEST(OfflineSessionLifeTest, TwoSessionsWithOneNameAreIndependent) {
     RemoteClient client(s);
     {
         RemoteSessionCallback callback = RemoteSessionCallback::Make();
@@ -264,30 +252,6 @@ void TwoSessionsWithOneNameAreIndependent(ChildScenario& s) {
         EXPECT_EQ(secondHandle, dumps[0].session);
         EXPECT_EQ(0, dumps[0].status);
     }
-}
-
-TEST(OfflineSessionLifeTest, RemoteClientOpensFlushesDumpsAndCloses) {
-    EXPECT_IN_CHILD(RemoteClientOpensFlushesDumpsAndCloses);
-}
-
-TEST(OfflineSessionLifeTest, ARefusedSessionStillAnswersOk) {
-    EXPECT_IN_CHILD(ARefusedSessionStillAnswersOk);
-}
-
-TEST(OfflineSessionLifeTest, ClosingTwiceClosesTheBackendTwice) {
-    EXPECT_IN_CHILD(ClosingTwiceClosesTheBackendTwice);
-}
-
-TEST(OfflineSessionLifeTest, AClientDeathIsOnlyLogged) {
-    EXPECT_IN_CHILD(AClientDeathIsOnlyLogged);
-}
-
-TEST(OfflineSessionLifeTest, ADeathNoticeAfterTheLastReference) {
-    EXPECT_IN_CHILD(ADeathNoticeAfterTheLastReference);
-}
-
-TEST(OfflineSessionLifeTest, TwoSessionsWithOneNameAreIndependent) {
-    EXPECT_IN_CHILD(TwoSessionsWithOneNameAreIndependent);
 }
 
 }  // namespace

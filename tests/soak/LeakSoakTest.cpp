@@ -406,7 +406,7 @@ class Soak {
     uint32_t mFrame = 1;
 };
 
-void LongRunGivesEverythingBack(Scenario& s) {
+SCENARIO_TEST(LeakSoakTest, LongRunGivesEverythingBack) {
     const ProcessCounts start = ProcessCounts::Take();
     Soak soak(s.Service());
     soak.Run(kWarmUpRounds);
@@ -435,12 +435,6 @@ void LongRunGivesEverythingBack(Scenario& s) {
 
     EXPECT_TRUE(start == end) << "start: " << start.ToString() << "\nend:   " << end.ToString();
     EXPECT_LT(endHeap, warmHeap + kHeapTolerance) << "the heap grew over the run";
-}
-
-class LeakSoakTest : public BalancedTest {};
-
-TEST_F(LeakSoakTest, LongRunGivesEverythingBack) {
-    EXPECT_SCENARIO(LongRunGivesEverythingBack);
 }
 
 }  // namespace

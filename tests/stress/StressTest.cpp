@@ -338,7 +338,7 @@ bool IsRefusalOfAClosedSession(const LogLine& line) {
             line.message.find("session closing") != std::string::npos);
 }
 
-void EverythingAtOnce(Scenario& s) {
+SCENARIO_TEST(StressTest, EverythingAtOnce) {
     IOfflineCameraService& service = s.Service();
     HeldBuffers held;
 
@@ -398,12 +398,6 @@ void EverythingAtOnce(Scenario& s) {
     EXPECT_GT(gTally.lent.load(), 0);
     EXPECT_GT(gTally.handedBack.load(), 0);
     EXPECT_GT(gTally.results.load(), 0);
-}
-
-class StressTest : public BalancedTest {};
-
-TEST_F(StressTest, EverythingAtOnce) {
-    EXPECT_SCENARIO(EverythingAtOnce);
 }
 
 }  // namespace

@@ -67,4 +67,15 @@ class ChildScenario {
 #define EXPECT_IN_CHILD(...) \
     EXPECT_EXIT(::offlinecamera::test::RunInChild(__VA_ARGS__), ::testing::ExitedWithCode(0), "")
 
+/*
+ * A test whose body is a scenario in a child process of its own, with `s` its bookkeeping:
+ *     CHILD_TEST(Suite, Name) { ... }
+ */
+#define CHILD_TEST(suite, name)                                 \
+    void suite##_##name(::offlinecamera::test::ChildScenario&); \
+    TEST(suite, name) {                                         \
+        EXPECT_IN_CHILD(suite##_##name);                        \
+    }                                                           \
+    void suite##_##name([[maybe_unused]] ::offlinecamera::test::ChildScenario& s)
+
 }  // namespace offlinecamera::test
