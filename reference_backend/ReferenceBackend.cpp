@@ -417,6 +417,9 @@ int32_t TranslateToKivBuffer(const camera3_stream_buffer_t* halBuffer, KivStream
     if (halBuffer != nullptr) {
         record.handle = halBuffer->buffer != nullptr ? *halBuffer->buffer : nullptr;
         record.streams.push_back(halBuffer->stream);
+        record.ints[0] = halBuffer->status;
+        record.ints[1] = halBuffer->acquire_fence;
+        record.ints[2] = halBuffer->release_fence;
     }
     int32_t status = 0;
     if (halBuffer == nullptr || kivBuffer == nullptr || Reg().IsFailing(record.slot)) {

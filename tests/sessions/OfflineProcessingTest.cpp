@@ -11,15 +11,12 @@
  * messages, results, returned buffers). Each scenario runs in a child process of its own, which
  * checks that buffers, descriptors, Vorn allocations and backend metadata balance at the end.
  */
-#include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
 #include <convert.h>
 #include <gtest/gtest.h>
 #include <hostplatform/GrallocTesting.h>
 #include <system/camera_metadata.h>
 
-#include <condition_variable>
-#include <functional>
-#include <mutex>
+#include <atomic>
 #include <string>
 #include <thread>
 #include <vector>
@@ -31,18 +28,13 @@
 namespace offlinecamera::test {
 namespace {
 
-using ::aidl::android::hardware::camera::device::BufferStatus;
 using ::aidl::android::hardware::camera::device::CameraMetadata;
-using ::aidl::android::hardware::camera::device::CaptureResult;
-using ::aidl::android::hardware::camera::device::NotifyMsg;
 using ::aidl::android::hardware::camera::device::Stream;
-using ::aidl::android::hardware::camera::device::StreamBuffer;
 using ::aidl::android::hardware::camera::device::StreamConfigurationMode;
 using ::aidl::android::hardware::camera::device::StreamType;
 using ::aidl::android::hardware::camera::metadata::RequestAvailableDynamicRangeProfilesMap;
 using ::aidl::android::hardware::graphics::common::BufferUsage;
 using ::aidl::android::hardware::graphics::common::PixelFormat;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
@@ -54,77 +46,6 @@ constexpr int32_t kOutputStream = 2;
 constexpr uint32_t kWidth = 4;
 constexpr uint32_t kHeight = 2;
 constexpr int64_t kExposureNs = 8000000;
-
-// What the client keeps of a result (results own descriptors and cannot be copied).
-struct ReceivedBuffer {
-    int32_t streamId;
-    int64_t bufferId;
-    BufferStatus status;
-    bool hasHandle;
-};
-struct ReceivedResult {
-    int32_t frameNumber;
-    int32_t partialResult;
-    std::vector<uint8_t> metadata;
-    std::vector<ReceivedBuffer> outputBuffers;
-};
-
-// A session client's callback that keeps what it receives.
-class RecordingCallback : public BnOfflineCameraSessionCallback {
-  public:
-    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& msgs) override {
-        std::lock_guard<std::mutex> lock(mLock);
-        mMessages.insert(mMessages.end(), msgs.begin(), msgs.end());
-        return ::ndk::ScopedAStatus::ok();
-    }
-    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& results) override {
-        std::function<void()> action;
-        {
-            std::lock_guard<std::mutex> lock(mLock);
-            action.swap(mOnResult);
-        }
-        // What the client does while it handles the results: calls into sessions, drops them.
-        if (action) action();
-        std::lock_guard<std::mutex> lock(mLock);
-        mResultCalls++;
-        for (const CaptureResult& result : results) {
-            ReceivedResult received{
-                    result.frameNumber, result.partialResult, result.result.metadata, {}};
-            for (const StreamBuffer& buffer : result.outputBuffers) {
-                received.outputBuffers.push_back({buffer.streamId, buffer.bufferId, buffer.status,
-                                                  !buffer.buffer.fds.empty()});
-            }
-            mResults.push_back(std::move(received));
-        }
-        return ::ndk::ScopedAStatus::ok();
-    }
-
-    std::vector<NotifyMsg> Messages() {
-        std::lock_guard<std::mutex> lock(mLock);
-        return mMessages;
-    }
-    std::vector<ReceivedResult> Results() {
-        std::lock_guard<std::mutex> lock(mLock);
-        return mResults;
-    }
-    size_t ResultCalls() {
-        std::lock_guard<std::mutex> lock(mLock);
-        return mResultCalls;
-    }
-    // The next result call runs action first.
-    void OnNextResult(std::function<void()> action) {
-        std::lock_guard<std::mutex> lock(mLock);
-        mOnResult = std::move(action);
-    }
-
-  private:
-    // Guards everything received; the backend's thread delivers while the test reads.
-    std::mutex mLock;
-    std::vector<NotifyMsg> mMessages;
-    std::vector<ReceivedResult> mResults;
-    size_t mResultCalls = 0;
-    std::function<void()> mOnResult;
-};
 
 Stream MakeStream(int32_t id, StreamType type) {
     return clientside::OfflineStream(id, type, kWidth, kHeight, PixelFormat::Y8);
@@ -162,57 +83,47 @@ OfflineSessionConfiguration MakeConfiguration(std::vector<Stream> streams) {
     return config;
 }
 
-// A session of a remote client with a recording callback, configured with an input and an
-// output stream of camera 0.
-struct ProcessingSession {
-    std::shared_ptr<RecordingCallback> callback;
-    ::ndk::SpAIBinder callbackBinder;
-    std::shared_ptr<IOfflineCameraSession> session;
-    uint64_t handle = 0;
-
-    ProcessingSession(RemoteClient& client, const std::string& name) {
-        callback = ::ndk::SharedRefBase::make<RecordingCallback>();
-        callbackBinder = callback->asBinder();
-        ::ndk::host::setRemote(callbackBinder.get(), true);
-        std::shared_ptr<IOfflineCameraSession> local;
-        EXPECT_TRUE(client.Service().openOfflineSeesion(name, callback, &local).isOk());
-        ::ndk::SpAIBinder binder = local->asBinder();
-        ::ndk::host::setRemote(binder.get(), true);
-        session = IOfflineCameraSession::fromBinder(binder);
-        handle = LastSessionHandle();
-    }
-
-    void ConfigureInputAndOutput() {
-        EXPECT_TRUE(
-                session->configureOfflineSession(
-                               MakeConfiguration({MakeStream(kInputStream, StreamType::INPUT),
-                                                  MakeStream(kOutputStream, StreamType::OUTPUT)}))
+void ConfigureInputAndOutput(OpenedSession& opened) {
+    EXPECT_TRUE(opened.session
+                        ->configureOfflineSession(
+                                MakeConfiguration({MakeStream(kInputStream, StreamType::INPUT),
+                                                   MakeStream(kOutputStream, StreamType::OUTPUT)}))
                         .isOk());
-    }
+}
 
-    int32_t Process(OfflineCaptureRequest request) {
-        std::vector<OfflineCaptureRequest> requests;
-        requests.push_back(std::move(request));
-        return Process(requests);
-    }
+int32_t Process(OpenedSession& opened, const std::vector<OfflineCaptureRequest>& requests) {
+    int32_t frameNumber = -1;
+    EXPECT_TRUE(opened.session->processOfflineRequest(requests, &frameNumber).isOk());
+    return frameNumber;
+}
 
-    int32_t Process(const std::vector<OfflineCaptureRequest>& requests) {
-        int32_t frameNumber = -1;
-        EXPECT_TRUE(session->processOfflineRequest(requests, &frameNumber).isOk());
-        return frameNumber;
-    }
+int32_t Process(OpenedSession& opened, OfflineCaptureRequest request) {
+    std::vector<OfflineCaptureRequest> requests;
+    requests.push_back(std::move(request));
+    return Process(opened, requests);
+}
 
-    // The result the client received for a frame, or null.
-    const ReceivedResult* ResultOf(const std::vector<ReceivedResult>& results, int32_t frame) {
-        for (const ReceivedResult& result : results) {
-            if (result.frameNumber == frame) return &result;
-        }
-        return nullptr;
+// The result the client received for a frame, or null.
+const ReceivedResult* ResultOf(const std::vector<ReceivedResult>& results, int32_t frame) {
+    for (const ReceivedResult& result : results) {
+        if (result.frameNumber == frame) return &result;
     }
-};
+    return nullptr;
+}
 
 LogLine SessionError(const std::string& text) {
     return {ANDROID_LOG_ERROR, kSessionTag, text};
+}
+
+std::vector<int64_t> Ints(const kivref::CallRecord& call) {
+    return std::vector<int64_t>(call.ints, call.ints + 3);
+}
+
+// The reference backend's line for a result callback that did not return 0.
+LogLine BackendHeard(uint64_t handle, uint32_t frame, int32_t status) {
+    return {ANDROID_LOG_WARN, "KivReferenceBackend",
+            Format("session %lu: result callback for frame %u returned %d",
+                   static_cast<unsigned long>(handle), frame, status)};
 }
 
 size_t CountWithPrefix(const std::vector<LogLine>& lines, const std::string& prefix) {
@@ -230,7 +141,7 @@ CHILD_TEST(OfflineConfigurationTest, ConfigurationMapsModesAndKeepsStreamRecords
     RemoteClient client(s);
     const size_t tablesBefore = kivref::OpenMetadataOps();
     {
-        ProcessingSession opened(client, "modes");
+        OpenedSession opened = client.Open("modes");
         Stream output = MakeStream(kOutputStream, StreamType::OUTPUT);
         output.physicalCameraId = "2";
         // Extension fields the backend must not see.
@@ -255,6 +166,11 @@ CHILD_TEST(OfflineConfigurationTest, ConfigurationMapsModesAndKeepsStreamRecords
         EXPECT_EQ(0, record.dynamic_range_profile);
         EXPECT_EQ(0, record.vendor_stream_hint);
         EXPECT_EQ(0, record.color_space);
+        // Fields that the client has no say in stay zero.
+        const camera3_stream_t zero = {};
+        EXPECT_EQ(0, memcmp(zero.reserved, record.reserved, sizeof(zero.reserved)));
+        EXPECT_EQ(0u, record.sensor_pixel_modes + record.vendor_flags + record.vendor_reserved0 +
+                              record.vendor_reserved1);
         // The physical camera id outlives the client's configuration.
         EXPECT_STREQ("2", first.streams[1]->physical_camera_id);
         EXPECT_TRUE(LogCapture::Contains({ANDROID_LOG_VERBOSE, kSessionTag,
@@ -304,7 +220,7 @@ CHILD_TEST(OfflineConfigurationTest, ConfigurationMapsModesAndKeepsStreamRecords
 CHILD_TEST(OfflineConfigurationTest, EmptyAndInvalidConfigurationsStillReachTheBackend) {
     RemoteClient client(s);
     {
-        ProcessingSession opened(client, "empty");
+        OpenedSession opened = client.Open("empty");
         ASSERT_TRUE(opened.session->configureOfflineSession(MakeConfiguration({})).isOk());
         OfflineSessionConfiguration invalid = MakeConfiguration({});
         invalid.cameraId = "front";  // not a number: camera 0
@@ -343,7 +259,7 @@ CHILD_TEST(OfflineConfigurationTest, SessionParametersGoToTheBackendAndEndWithTh
     RemoteClient client(s);
     const size_t metadataBefore = kivref::LiveKivMetadata();
     {
-        ProcessingSession opened(client, "params");
+        OpenedSession opened = client.Open("params");
         OfflineSessionConfiguration config = MakeConfiguration({});
         config.sessionParams.metadata = Settings();
         ASSERT_TRUE(opened.session->configureOfflineSession(config).isOk());
@@ -353,21 +269,12 @@ CHILD_TEST(OfflineConfigurationTest, SessionParametersGoToTheBackendAndEndWithTh
         std::vector<kivref::CallRecord> conversions = CallsOf(kivref::Slot::CreateByAndroidMetadata);
         ASSERT_EQ(1u, conversions.size());
         EXPECT_EQ(call.pointer, conversions[0].result);
-        EXPECT_EQ((std::vector<int64_t>{0, 0, 0xFFFFFFFF}),
-                  std::vector<int64_t>(conversions[0].ints, conversions[0].ints + 3));
+        EXPECT_EQ((std::vector<int64_t>{0, 0, 0xFFFFFFFF}), Ints(conversions[0]));
 
-        LogCapture::Clear();
         EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
-        // The close has already given the camera's operations back when it releases the
-        // parameters: the release finds the camera without a table and leaves them to the
-        // backend, which ended them with the table.
-        EXPECT_EQ((std::vector<LogLine>{
-                          {ANDROID_LOG_INFO, kSessionTag,
-                           "877 closeOfflineSession, release configure metadata, "
-                           "mSessionName:params"},
-                  }),
-                  LogCapture::Lines(kSessionTag));
-        EXPECT_TRUE(CallsOf(kivref::Slot::DestroyKivMetadata).empty());
+        EXPECT_TRUE(LogCapture::Contains({ANDROID_LOG_INFO, kSessionTag,
+                                          "877 closeOfflineSession, release configure metadata, "
+                                          "mSessionName:params"}));
         EXPECT_EQ(metadataBefore, kivref::LiveKivMetadata());
     }
 }
@@ -379,14 +286,14 @@ CHILD_TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
     RemoteClient client(s);
     const size_t importsBefore = android::hostgralloc::liveImportCount();
     {
-        ProcessingSession opened(client, "burst");
-        opened.ConfigureInputAndOutput();
+        OpenedSession opened = client.Open("burst");
+        ConfigureInputAndOutput(opened);
         LogCapture::Clear();
         // Two requests in one call: the answer is the frame number of the last one.
         std::vector<OfflineCaptureRequest> requests;
         requests.push_back(MakeRequest(10, 100, 3, 200));
         requests.push_back(MakeRequest(11, 110, 3, 210));
-        EXPECT_EQ(1001, opened.Process(requests));
+        EXPECT_EQ(1001, Process(opened, requests));
         EXPECT_TRUE(LogCapture::Contains(
                 {ANDROID_LOG_INFO, kSessionTag,
                  "770 processOfflineRequest: original request frameNum :10. override "
@@ -401,8 +308,13 @@ CHILD_TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
                                          "failure use first frame meta as source"}));
         std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
         ASSERT_EQ(2u, executed.size());
-        EXPECT_EQ((std::vector<int64_t>{3, 1, 1000}),
-                  std::vector<int64_t>(executed[0].ints, executed[0].ints + 3));
+        EXPECT_EQ((std::vector<int64_t>{3, 1, 1000}), Ints(executed[0]));
+        // Each camera3 buffer handed to the backend: status OK and no fences.
+        std::vector<kivref::CallRecord> translated = CallsOf(kivref::Slot::TranslateToKivBuffer);
+        ASSERT_EQ(8u, translated.size());
+        for (const kivref::CallRecord& call : translated) {
+            EXPECT_EQ((std::vector<int64_t>{0, -1, -1}), Ints(call));
+        }
 
         ASSERT_TRUE(kivref::WaitIdle(opened.handle));
         std::vector<NotifyMsg> messages = opened.callback->Messages();
@@ -412,8 +324,12 @@ CHILD_TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
 
         std::vector<ReceivedResult> results = opened.callback->Results();
         ASSERT_EQ(2u, results.size());
+        // The backend's result metadata is converted as the client expects it.
+        for (const kivref::CallRecord& call : CallsOf(kivref::Slot::CreateAndroidMetadata)) {
+            EXPECT_EQ((std::vector<int64_t>{1, 1, 0}), Ints(call));
+        }
         for (int32_t i = 0; i < 2; i++) {
-            const ReceivedResult* result = opened.ResultOf(results, 1000 + i);
+            const ReceivedResult* result = ResultOf(results, 1000 + i);
             ASSERT_NE(nullptr, result);
             ASSERT_EQ(1u, result->outputBuffers.size());
             EXPECT_EQ(kOutputStream, result->outputBuffers[0].streamId);
@@ -444,30 +360,30 @@ CHILD_TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
 CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
     RemoteClient client(s);
     {
-        ProcessingSession opened(client, "faults");
-        opened.ConfigureInputAndOutput();
+        OpenedSession opened = client.Open("faults");
+        ConfigureInputAndOutput(opened);
         kivref::SetAutoDeliver(false);
         LogCapture::Clear();
         kivref::ClearCalls();
         const size_t metadataBefore = kivref::LiveKivMetadata();
 
-        EXPECT_EQ(1000, opened.Process(MakeRequest(1, 5, 1, 6)));
+        EXPECT_EQ(1000, Process(opened, MakeRequest(1, 5, 1, 6)));
         // Output buffer 6 has not come back yet: the request is not converted, but executed.
-        EXPECT_EQ(1001, opened.Process(MakeRequest(2, 7, 1, 6)));
+        EXPECT_EQ(1001, Process(opened, MakeRequest(2, 7, 1, 6)));
         EXPECT_TRUE(LogCapture::Contains(SessionError(
                 "740 importBuffer: streamId :2, bufferId 6 not returned yet, used again!")));
         // An invalid buffer followed by a good one: the request is converted in full.
         OfflineCaptureRequest invalidFirst = MakeRequest(3, 9, 1, 10);
         invalidFirst.inputFrames[0].inputBuffers.insert(
                 invalidFirst.inputFrames[0].inputBuffers.begin(), MakeBuffer(-1, 8));
-        EXPECT_EQ(1002, opened.Process(std::move(invalidFirst)));
+        EXPECT_EQ(1002, Process(opened, std::move(invalidFirst)));
         EXPECT_TRUE(LogCapture::Contains(SessionError(
                 "548 convertAndImportBuffer: invalid streamId in inputBuffer (-1), bufferId (8)")));
         // An output on a stream that was never configured.
-        EXPECT_EQ(1003, opened.Process(MakeRequest(4, 11, 1, 12, 9)));
+        EXPECT_EQ(1003, Process(opened, MakeRequest(4, 11, 1, 12, 9)));
         // The output entry cannot be allocated: executed without conversion, nothing is lost.
         Vorn::Host::FailAllocations(1);
-        EXPECT_EQ(1004, opened.Process(MakeRequest(5, 13, 1, 14)));
+        EXPECT_EQ(1004, Process(opened, MakeRequest(5, 13, 1, 14)));
         Vorn::Host::ClearAllocationFailures();
 
         std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
@@ -484,20 +400,22 @@ CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
         EXPECT_EQ(metadataBefore, kivref::LiveKivMetadata());
         std::vector<ReceivedResult> results = opened.callback->Results();
         ASSERT_EQ(3u, results.size());
-        ASSERT_NE(nullptr, opened.ResultOf(results, 1000));
+        ASSERT_NE(nullptr, ResultOf(results, 1000));
         // Without an output entry the backend has nothing to give back.
-        EXPECT_EQ(nullptr, opened.ResultOf(results, 1004));
+        EXPECT_EQ(nullptr, ResultOf(results, 1004));
         // The unconverted request has an output without buffers and without metadata.
-        const ReceivedResult* unconverted = opened.ResultOf(results, 1001);
+        const ReceivedResult* unconverted = ResultOf(results, 1001);
         ASSERT_NE(nullptr, unconverted);
         EXPECT_TRUE(unconverted->outputBuffers.empty());
         EXPECT_EQ(0, unconverted->partialResult);
         EXPECT_TRUE(unconverted->metadata.empty());
-        ASSERT_NE(nullptr, opened.ResultOf(results, 1002));
+        ASSERT_NE(nullptr, ResultOf(results, 1002));
         // The unconfigured stream's buffer is not found in its result, which is withheld.
-        EXPECT_EQ(nullptr, opened.ResultOf(results, 1003));
+        EXPECT_EQ(nullptr, ResultOf(results, 1003));
         std::vector<LogLine> lines = LogCapture::Lines(kSessionTag);
         EXPECT_EQ(1u, CountWithPrefix(lines, "317 ProcessOfflineResult, this outbuffer is not "));
+        // The backend hears why.
+        EXPECT_TRUE(LogCapture::Contains(BackendHeard(opened.handle, 1003, 4)));
         // The invalid input was imported under stream -1, which has no configured record.
         EXPECT_EQ(1u, CountWithPrefix(lines, "262 ProcessOfflineResult, this buffer is not "));
         // Still cached until the close: input 7, the invalid input 8 and output 12.
@@ -506,11 +424,38 @@ CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
     }
 }
 
+// A request without any buffer, then one whose result metadata cannot be converted.
+CHILD_TEST(OfflineProcessingTest, EmptyRequestAndUnconvertibleResult) {
+    RemoteClient client(s);
+    OpenedSession opened = client.Open("empty");
+    ConfigureInputAndOutput(opened);
+    kivref::ClearCalls();
+    OfflineCaptureRequest empty;
+    empty.frameNumber = 7;
+    EXPECT_EQ(1000, Process(opened, std::move(empty)));
+    ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+    EXPECT_EQ((std::vector<int64_t>{0, 0, 1000}), Ints(CallsOf(kivref::Slot::ExecuteRequest).at(0)));
+    ASSERT_EQ(1u, opened.callback->Results().size());
+    EXPECT_TRUE(opened.callback->Results()[0].outputBuffers.empty());
+    EXPECT_FALSE(opened.callback->Results()[0].metadata.empty());
+
+    kivref::SetSlotFailure(kivref::Slot::CreateAndroidMetadata, true);
+    EXPECT_EQ(1001, Process(opened, MakeRequest(8, 1, 1, 2)));
+    ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+    kivref::SetSlotFailure(kivref::Slot::CreateAndroidMetadata, false);
+    EXPECT_EQ(1u, opened.callback->Results().size());
+    EXPECT_TRUE(LogCapture::Contains(SessionError(
+            "352 ProcessOfflineResult, CreateAndroidMetadata failed, pCameraMetadata is NULL")));
+    EXPECT_TRUE(LogCapture::Contains(BackendHeard(opened.handle, 1001, 1)));
+    EXPECT_FALSE(LogCapture::Contains(BackendHeard(opened.handle, 1000, 0)));
+    EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+}
+
 CHILD_TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
     RemoteClient client(s);
     {
-        ProcessingSession opened(client, "records");
-        opened.ConfigureInputAndOutput();
+        OpenedSession opened = client.Open("records");
+        ConfigureInputAndOutput(opened);
         LogCapture::Clear();
 
         // No results: the client still hears of the delivery. (Reserved room gives the empty
@@ -596,10 +541,10 @@ CHILD_TEST(OfflineProcessingTest, ASessionWithoutAClientDropsWhatComesBack) {
 // session goes once the delivery has ended.
 CHILD_TEST(OfflineSessionUseTest, DroppedInsideItsOwnDelivery) {
     RemoteClient client(s);
-    ProcessingSession opened(client, "dropped");
-    opened.ConfigureInputAndOutput();
+    OpenedSession opened = client.Open("dropped");
+    ConfigureInputAndOutput(opened);
     opened.callback->OnNextResult([&opened] { opened.session.reset(); });
-    EXPECT_EQ(1000, opened.Process(MakeRequest(1, 1, 2, 3)));
+    EXPECT_EQ(1000, Process(opened, MakeRequest(1, 1, 2, 3)));
     ASSERT_TRUE(WaitUntil([] { return kivref::LiveSessions() == 0; }));
     ASSERT_EQ(1u, opened.callback->Results().size());
     EXPECT_EQ(3, opened.callback->Results()[0].outputBuffers.at(0).bufferId);
@@ -612,13 +557,13 @@ CHILD_TEST(OfflineSessionUseTest, DroppedInsideItsOwnDelivery) {
 CHILD_TEST(OfflineSessionUseTest, ResultCallbackFlushesAnotherSession) {
     s.FailIfStuck(30);
     RemoteClient client(s);
-    ProcessingSession a(client, "a");
-    ProcessingSession b(client, "b");
-    a.ConfigureInputAndOutput();
-    b.ConfigureInputAndOutput();
+    OpenedSession a = client.Open("a");
+    OpenedSession b = client.Open("b");
+    ConfigureInputAndOutput(a);
+    ConfigureInputAndOutput(b);
     kivref::SetAutoDeliver(false);
-    b.Process(MakeRequest(1, 1, 1, 2));
-    a.Process(MakeRequest(1, 1, 1, 2));
+    Process(b, MakeRequest(1, 1, 1, 2));
+    Process(a, MakeRequest(1, 1, 1, 2));
     a.callback->OnNextResult([&b] { EXPECT_TRUE(b.session->flushOfflineSession({}).isOk()); });
     EXPECT_TRUE(a.session->flushOfflineSession({}).isOk());
     EXPECT_EQ(1u, a.callback->Results().size());
@@ -631,14 +576,14 @@ CHILD_TEST(OfflineSessionUseTest, ResultCallbackFlushesAnotherSession) {
 // it executes the request.
 CHILD_TEST(OfflineSessionUseTest, RefusedBufferIsReadableDuringExecution) {
     RemoteClient client(s);
-    ProcessingSession opened(client, "refused");
-    opened.ConfigureInputAndOutput();
+    OpenedSession opened = client.Open("refused");
+    ConfigureInputAndOutput(opened);
     kivref::SetAutoDeliver(false);
-    opened.Process(MakeRequest(1, 1, 1, 2));
+    Process(opened, MakeRequest(1, 1, 1, 2));
     OfflineCaptureRequest reused = MakeRequest(2, 3, 1, 2);
     reused.outputBuffers.push_back(MakeBuffer(kOutputStream, 4));
     kivref::ClearCalls();
-    opened.Process(std::move(reused));
+    Process(opened, std::move(reused));
     std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
     ASSERT_EQ(1u, executed.size());
     EXPECT_EQ(0, executed[0].status);
@@ -652,13 +597,13 @@ CHILD_TEST(OfflineSessionUseTest, RefusedBufferIsReadableDuringExecution) {
 // backend until the backend has taken it.
 CHILD_TEST(OfflineSessionUseTest, ConcurrentRequestsOnOneSession) {
     RemoteClient client(s);
-    ProcessingSession opened(client, "concurrent");
-    opened.ConfigureInputAndOutput();
+    OpenedSession opened = client.Open("concurrent");
+    ConfigureInputAndOutput(opened);
     kivref::HoldNextCall(kivref::Slot::ExecuteRequest);
     // The backend numbers the second request first.
-    std::thread first([&opened] { EXPECT_EQ(1001, opened.Process(MakeRequest(1, 1, 2, 3))); });
+    std::thread first([&opened] { EXPECT_EQ(1001, Process(opened, MakeRequest(1, 1, 2, 3))); });
     kivref::WaitForHeldCall();
-    EXPECT_EQ(1000, opened.Process(MakeRequest(2, 4, 2, 6)));
+    EXPECT_EQ(1000, Process(opened, MakeRequest(2, 4, 2, 6)));
     kivref::ReleaseHeldCall();
     first.join();
     ASSERT_TRUE(kivref::WaitIdle(opened.handle));
@@ -670,10 +615,10 @@ CHILD_TEST(OfflineSessionUseTest, ConcurrentRequestsOnOneSession) {
 // the close frees the request's buffers only once the request is done with them.
 CHILD_TEST(OfflineSessionUseTest, CloseWhileARequestIsOnItsWay) {
     RemoteClient client(s);
-    ProcessingSession opened(client, "closing");
-    opened.ConfigureInputAndOutput();
+    OpenedSession opened = client.Open("closing");
+    ConfigureInputAndOutput(opened);
     kivref::HoldNextCall(kivref::Slot::TranslateToKivBuffer);
-    std::thread request([&opened] { opened.Process(MakeRequest(1, 1, 2, 3)); });
+    std::thread request([&opened] { Process(opened, MakeRequest(1, 1, 2, 3)); });
     kivref::WaitForHeldCall();
     std::atomic<bool> closed{false};
     std::thread close([&opened, &closed] {
@@ -696,10 +641,10 @@ CHILD_TEST(OfflineSessionUseTest, CloseWhileARequestIsOnItsWay) {
 // twice, gives back none, and one configured twice gives back two.
 CHILD_TEST(OfflineSessionUseTest, MetadataHoldsGivenBackAreThoseTaken) {
     RemoteClient client(s);
-    ProcessingSession configured(client, "configured");
-    configured.ConfigureInputAndOutput();
+    OpenedSession configured = client.Open("configured");
+    ConfigureInputAndOutput(configured);
     {
-        ProcessingSession unconfigured(client, "unconfigured");
+        OpenedSession unconfigured = client.Open("unconfigured");
         EXPECT_TRUE(unconfigured.session->closeOfflineSession().isOk());
         EXPECT_TRUE(unconfigured.session->closeOfflineSession().isOk());
         EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"},
@@ -707,12 +652,12 @@ CHILD_TEST(OfflineSessionUseTest, MetadataHoldsGivenBackAreThoseTaken) {
     }
     EXPECT_EQ(1u, kivref::OpenMetadataOps());
     // The configured session still converts its results' metadata.
-    EXPECT_EQ(1000, configured.Process(MakeRequest(1, 1, 1, 2)));
+    EXPECT_EQ(1000, Process(configured, MakeRequest(1, 1, 1, 2)));
     ASSERT_TRUE(kivref::WaitIdle(configured.handle));
     ASSERT_EQ(1u, configured.callback->Results().size());
     EXPECT_FALSE(configured.callback->Results()[0].metadata.empty());
 
-    configured.ConfigureInputAndOutput();
+    ConfigureInputAndOutput(configured);
     EXPECT_TRUE(configured.session->closeOfflineSession().isOk());
     EXPECT_EQ(0u, kivref::OpenMetadataOps());
 }
@@ -720,12 +665,12 @@ CHILD_TEST(OfflineSessionUseTest, MetadataHoldsGivenBackAreThoseTaken) {
 // Configurations of a session while the backend delivers its results from its own thread.
 CHILD_TEST(OfflineSessionUseTest, ReconfiguredWhileResultsArrive) {
     RemoteClient client(s);
-    ProcessingSession opened(client, "reconfigured");
-    opened.ConfigureInputAndOutput();
+    OpenedSession opened = client.Open("reconfigured");
+    ConfigureInputAndOutput(opened);
     std::thread requests([&opened] {
-        for (int64_t i = 0; i < 20; i++) opened.Process(MakeRequest(1, 10 * i + 1, 2, 10 * i + 3));
+        for (int64_t i = 0; i < 20; i++) Process(opened, MakeRequest(1, 10 * i + 1, 2, 10 * i + 3));
     });
-    for (int i = 0; i < 20; i++) opened.ConfigureInputAndOutput();
+    for (int i = 0; i < 20; i++) ConfigureInputAndOutput(opened);
     requests.join();
     ASSERT_TRUE(kivref::WaitIdle(opened.handle));
     EXPECT_EQ(20u, opened.callback->Results().size());

@@ -84,7 +84,8 @@ enum class Slot : uint32_t {
 //   OpenMetadataOps         table, cameraId, result the metadata table
 //   GetBufferOps            table, result the buffer table
 //   TranslateToKivBuffer    pointer the camera3 buffer, result the KivStreamBuffer, handle
-//                           the buffer's handle value, streams its stream pointer
+//                           the buffer's handle value, streams its stream pointer, ints its
+//                           status, acquire fence and release fence
 //   TranslateFromKivBuffer  pointer the KivStreamBuffer, result the camera3 buffer
 //   MetaClose               table, cameraId
 //   CreateKivMetadata       table, cameraId, ints[0] count, pointer pTags, handle = result
