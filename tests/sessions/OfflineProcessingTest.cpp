@@ -36,7 +36,6 @@ using ::aidl::android::hardware::camera::metadata::RequestAvailableDynamicRangeP
 using ::aidl::android::hardware::graphics::common::BufferUsage;
 using ::aidl::android::hardware::graphics::common::PixelFormat;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::implementation::OfflineCameraAIDLSession;
 
@@ -59,20 +58,10 @@ StreamBuffer MakeBuffer(int32_t streamId, int64_t bufferId) {
     return clientside::ClientBuffer(streamId, bufferId, kWidth, kHeight, HAL_PIXEL_FORMAT_Y8);
 }
 
-// A request of one input buffer per frame (ids from firstInputId on), settings in the first
-// frame only, and one output buffer.
 OfflineCaptureRequest MakeRequest(int32_t frameNumber, int64_t firstInputId, size_t frames,
                                   int64_t outputId, int32_t outputStream = kOutputStream) {
-    OfflineCaptureRequest request;
-    request.frameNumber = frameNumber;
-    for (size_t i = 0; i < frames; i++) {
-        OfflineInputFrame frame;
-        frame.inputBuffers.push_back(MakeBuffer(kInputStream, firstInputId + i));
-        if (i == 0) frame.settings.metadata = Settings();
-        request.inputFrames.push_back(std::move(frame));
-    }
-    request.outputBuffers.push_back(MakeBuffer(outputStream, outputId));
-    return request;
+    return clientside::FusionRequest(frameNumber, firstInputId, frames, outputId, kWidth, kHeight,
+                                     kExposureNs, outputStream);
 }
 
 OfflineSessionConfiguration MakeConfiguration(std::vector<Stream> streams) {
@@ -85,9 +74,7 @@ OfflineSessionConfiguration MakeConfiguration(std::vector<Stream> streams) {
 
 void ConfigureInputAndOutput(OpenedSession& opened) {
     EXPECT_TRUE(opened.session
-                        ->configureOfflineSession(
-                                MakeConfiguration({MakeStream(kInputStream, StreamType::INPUT),
-                                                   MakeStream(kOutputStream, StreamType::OUTPUT)}))
+                        ->configureOfflineSession(clientside::FusionConfiguration(kWidth, kHeight))
                         .isOk());
 }
 

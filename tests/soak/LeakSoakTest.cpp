@@ -57,12 +57,8 @@
 namespace offlinecamera::test {
 namespace {
 
-using ::aidl::android::hardware::camera::device::StreamConfigurationMode;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
 
 constexpr uint32_t kDefaultRounds = 1000;
 // Enough rounds to pass through every client and session fate a few times before measuring.
@@ -77,8 +73,6 @@ constexpr size_t kLentPerRequest = 2 * kBuffersPerStream;
 // first) and one output buffer, all small, so that the backend's pixel work stays short.
 constexpr size_t kRequestsPerSession = 4;
 constexpr size_t kFramesPerRequest = 3;
-constexpr int32_t kSessionInputStream = 1;
-constexpr int32_t kSessionOutputStream = 2;
 constexpr uint32_t kSessionWidth = 16;
 constexpr uint32_t kSessionHeight = 8;
 // The heap may move a little (allocator bins, a vector's capacity reached later), but a leak of
@@ -150,33 +144,6 @@ SessionFate SessionFateOf(uint32_t session) {
         default:
             return SessionFate::kCloses;
     }
-}
-
-OfflineSessionConfiguration SessionConfiguration() {
-    OfflineSessionConfiguration config;
-    config.cameraId = "0";
-    config.streams = {OfflineStream(kSessionInputStream, StreamType::INPUT, kSessionWidth,
-                                    kSessionHeight, PixelFormat::Y8),
-                      OfflineStream(kSessionOutputStream, StreamType::OUTPUT, kSessionWidth,
-                                    kSessionHeight, PixelFormat::Y8)};
-    config.operationMode = StreamConfigurationMode::NORMAL_MODE;
-    return config;
-}
-
-OfflineCaptureRequest SessionRequest(int32_t frameNumber, int64_t firstBufferId) {
-    OfflineCaptureRequest request;
-    request.frameNumber = frameNumber;
-    int64_t bufferId = firstBufferId;
-    for (size_t i = 0; i < kFramesPerRequest; i++) {
-        OfflineInputFrame frame;
-        frame.inputBuffers.push_back(ClientBuffer(kSessionInputStream, bufferId++, kSessionWidth,
-                                                  kSessionHeight, HAL_PIXEL_FORMAT_Y8));
-        if (i == 0) frame.settings.metadata = CaptureSettings(1000 + frameNumber, 100);
-        request.inputFrames.push_back(std::move(frame));
-    }
-    request.outputBuffers.push_back(ClientBuffer(kSessionOutputStream, bufferId, kSessionWidth,
-                                                 kSessionHeight, HAL_PIXEL_FORMAT_Y8));
-    return request;
 }
 
 class Soak {
@@ -341,11 +308,15 @@ class Soak {
     // right after, with its results possibly still on their way; the others wait for them.
     void Process(IOfflineCameraSession& session, uint64_t handle,
                  const CountingSessionCallback& callback, bool clientDies) {
-        EXPECT_TRUE(session.configureOfflineSession(SessionConfiguration()).isOk());
+        EXPECT_TRUE(
+                session.configureOfflineSession(FusionConfiguration(kSessionWidth, kSessionHeight))
+                        .isOk());
         int64_t bufferId = 1;
         for (size_t i = 0; i < kRequestsPerSession; i++) {
             std::vector<OfflineCaptureRequest> requests;
-            requests.push_back(SessionRequest(static_cast<int32_t>(i), bufferId));
+            requests.push_back(FusionRequest(static_cast<int32_t>(i), bufferId, kFramesPerRequest,
+                                             bufferId + kFramesPerRequest, kSessionWidth,
+                                             kSessionHeight, 1000 + static_cast<int64_t>(i)));
             bufferId += kFramesPerRequest + 1;
             int32_t frameNumber = -1;
             EXPECT_TRUE(session.processOfflineRequest(requests, &frameNumber).isOk());

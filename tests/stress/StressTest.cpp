@@ -39,22 +39,14 @@
 namespace offlinecamera::test {
 namespace {
 
-using ::aidl::android::hardware::camera::device::StreamConfigurationMode;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineFlushInfo;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
-using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
-using clientside::ClientBuffer;
-using clientside::OfflineStream;
 
 constexpr int32_t kClientIds = 6;
 constexpr int kConsumerRounds = 60;
 constexpr int kProducerRounds = 150;
 constexpr int kSessionThreads = 3;
 constexpr int kSessionRounds = 12;
-constexpr int32_t kInputStream = 1;
-constexpr int32_t kOutputStream = 2;
 constexpr uint32_t kWidth = 8;
 constexpr uint32_t kHeight = 4;
 
@@ -177,29 +169,15 @@ void ProducerThread(HeldBuffers& held, unsigned seed) {
 // ---------------------------------------------------------------------------------------------
 // Offline sessions
 
-OfflineSessionConfiguration Configuration(uint32_t camera) {
-    OfflineSessionConfiguration config;
-    config.cameraId = std::to_string(camera);
-    config.streams = {
-            OfflineStream(kInputStream, StreamType::INPUT, kWidth, kHeight, PixelFormat::Y8),
-            OfflineStream(kOutputStream, StreamType::OUTPUT, kWidth, kHeight, PixelFormat::Y8)};
-    config.operationMode = StreamConfigurationMode::NORMAL_MODE;
-    return config;
+OfflineCaptureRequest Request(int64_t* nextBufferId, size_t frames) {
+    const int64_t first = *nextBufferId;
+    *nextBufferId += static_cast<int64_t>(frames) + 1;
+    return clientside::FusionRequest(static_cast<int32_t>(first), first, frames,
+                                     first + static_cast<int64_t>(frames), kWidth, kHeight);
 }
 
-OfflineCaptureRequest Request(int64_t* nextBufferId, size_t frames) {
-    OfflineCaptureRequest request;
-    request.frameNumber = static_cast<int32_t>(*nextBufferId);
-    for (size_t i = 0; i < frames; i++) {
-        OfflineInputFrame frame;
-        frame.inputBuffers.push_back(ClientBuffer(kInputStream, (*nextBufferId)++, kWidth, kHeight,
-                                                  HAL_PIXEL_FORMAT_Y8));
-        if (i == 0) frame.settings.metadata = clientside::CaptureSettings(1000000, 100);
-        request.inputFrames.push_back(std::move(frame));
-    }
-    request.outputBuffers.push_back(
-            ClientBuffer(kOutputStream, (*nextBufferId)++, kWidth, kHeight, HAL_PIXEL_FORMAT_Y8));
-    return request;
+OfflineSessionConfiguration Configuration(uint32_t camera) {
+    return clientside::FusionConfiguration(kWidth, kHeight, std::to_string(camera));
 }
 
 // A session as its client holds it; the client's callback may drop it from the backend's thread.

@@ -15,6 +15,8 @@
 #pragma once
 
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/BnOfflineCameraSessionCallback.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/OfflineCaptureRequest.h>
+#include <aidl/vendor/oru/hardware/camera/offlinecamera/OfflineSessionConfiguration.h>
 #include <convert.h>
 #include <hostplatform/GrallocTesting.h>
 #include <hostplatform/KivReferenceBackend.h>
@@ -23,6 +25,7 @@
 #include <system/camera_metadata_tags.h>
 
 #include <atomic>
+#include <string>
 #include <vector>
 
 namespace offlinecamera::clientside {
@@ -32,10 +35,14 @@ using ::aidl::android::hardware::camera::device::CaptureResult;
 using ::aidl::android::hardware::camera::device::NotifyMsg;
 using ::aidl::android::hardware::camera::device::Stream;
 using ::aidl::android::hardware::camera::device::StreamBuffer;
+using ::aidl::android::hardware::camera::device::StreamConfigurationMode;
 using ::aidl::android::hardware::camera::device::StreamType;
 using ::aidl::android::hardware::graphics::common::BufferUsage;
 using ::aidl::android::hardware::graphics::common::PixelFormat;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::BnOfflineCameraSessionCallback;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureRequest;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineInputFrame;
+using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineSessionConfiguration;
 
 /* A stream of an offline session's configuration, read by the CPU. */
 inline Stream OfflineStream(int32_t id, StreamType type, uint32_t width, uint32_t height,
@@ -74,6 +81,44 @@ inline StreamBuffer ClientBuffer(int32_t streamId, int64_t bufferId, uint32_t wi
         ::android::hostgralloc::release(handle);
     }
     return buffer;
+}
+
+/* The streams of a session that fuses Y8 input frames into a Y8 output buffer. */
+constexpr int32_t kFusionInputStream = 1;
+constexpr int32_t kFusionOutputStream = 2;
+
+inline OfflineSessionConfiguration FusionConfiguration(uint32_t width, uint32_t height,
+                                                       const std::string& cameraId = "0") {
+    OfflineSessionConfiguration config;
+    config.cameraId = cameraId;
+    config.streams = {
+            OfflineStream(kFusionInputStream, StreamType::INPUT, width, height, PixelFormat::Y8),
+            OfflineStream(kFusionOutputStream, StreamType::OUTPUT, width, height, PixelFormat::Y8)};
+    config.operationMode = StreamConfigurationMode::NORMAL_MODE;
+    return config;
+}
+
+/*
+ * A request of `frames` input frames of one buffer each (ids from firstInputId on, the capture
+ * settings in the first frame only) and one output buffer.
+ */
+inline OfflineCaptureRequest FusionRequest(int32_t frameNumber, int64_t firstInputId, size_t frames,
+                                           int64_t outputId, uint32_t width, uint32_t height,
+                                           int64_t exposureNs = 1000000,
+                                           int32_t outputStream = kFusionOutputStream) {
+    OfflineCaptureRequest request;
+    request.frameNumber = frameNumber;
+    for (size_t i = 0; i < frames; i++) {
+        OfflineInputFrame frame;
+        frame.inputBuffers.push_back(ClientBuffer(kFusionInputStream,
+                                                  firstInputId + static_cast<int64_t>(i), width,
+                                                  height, HAL_PIXEL_FORMAT_Y8));
+        if (i == 0) frame.settings.metadata = CaptureSettings(exposureNs, 100);
+        request.inputFrames.push_back(std::move(frame));
+    }
+    request.outputBuffers.push_back(
+            ClientBuffer(outputStream, outputId, width, height, HAL_PIXEL_FORMAT_Y8));
+    return request;
 }
 
 /* A session client's callback that counts what reaches it. */
