@@ -32,7 +32,6 @@
 #include <stdlib.h>
 #include <system/camera_metadata.h>
 #include <system/camera_metadata_tags.h>
-#include <unistd.h>
 
 #include <array>
 #include <memory>
@@ -87,18 +86,6 @@ size_t HeapInUse() {
 #else
     return mallinfo2().uordblks;
 #endif
-}
-
-// Printed only: pages the allocator keeps after a free (and the address sanitizer's quarantine)
-// count as resident.
-size_t ResidentBytes() {
-    FILE* statm = fopen("/proc/self/statm", "r");
-    if (statm == nullptr) return 0;
-    unsigned long size = 0;
-    unsigned long resident = 0;
-    if (fscanf(statm, "%lu %lu", &size, &resident) != 2) resident = 0;
-    fclose(statm);
-    return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
 }
 
 uint32_t Rounds() {
@@ -184,11 +171,11 @@ class Soak {
         kivref::ClearCalls();
     }
 
-    uint32_t Clients() const { return mClients; }
-    uint32_t Sessions() const { return mSessions; }
-    uint32_t RoundTrips() const { return mRoundTrips; }
-    uint32_t SessionRequests() const { return mSessionRequests; }
-    size_t SessionResults() const { return mSessionResults; }
+    // What the run did, printed at the end.
+    uint32_t mClients = 0;
+    uint32_t mSessions = 0;
+    uint32_t mRoundTrips = 0;
+    size_t mSessionResults = 0;
 
   private:
     // Buffers of a dead client, in the order the HAL hands them back, with the producer record
@@ -321,7 +308,6 @@ class Soak {
             int32_t frameNumber = -1;
             EXPECT_TRUE(session.processOfflineRequest(requests, &frameNumber).isOk());
             EXPECT_NE(-1, frameNumber);
-            mSessionRequests++;
         }
         if (clientDies) return;
         EXPECT_TRUE(kivref::WaitIdle(handle));
@@ -369,11 +355,6 @@ class Soak {
                                            HAL_DATASPACE_SRGB, CAMERA3_STREAM_ROTATION_0);
     } mStreams;
     std::array<Kept, kClientIds> mKept;
-    uint32_t mClients = 0;
-    uint32_t mSessions = 0;
-    uint32_t mRoundTrips = 0;
-    uint32_t mSessionRequests = 0;
-    size_t mSessionResults = 0;
     uint32_t mFrame = 1;
 };
 
@@ -383,25 +364,20 @@ SCENARIO_TEST(LeakSoakTest, LongRunGivesEverythingBack) {
     soak.Run(kWarmUpRounds);
     soak.BringBackKeptBuffers();
     const size_t warmHeap = HeapInUse();
-    const size_t warmResident = ResidentBytes();
 
     const uint32_t rounds = Rounds();
     soak.Run(rounds);
     soak.BringBackKeptBuffers();
     const size_t endHeap = HeapInUse();
-    const size_t endResident = ResidentBytes();
     const ProcessCounts end = ProcessCounts::Settled(start);
 
-    printf("rounds: %u after %u of warm-up; %u consumer clients, %u round trips, %u sessions "
-           "with %u requests of %zu input frames (%zu results to clients that stayed)\n",
-           rounds, kWarmUpRounds, soak.Clients(), soak.RoundTrips(), soak.Sessions(),
-           soak.SessionRequests(), kFramesPerRequest, soak.SessionResults());
+    printf("rounds: %u after %u of warm-up; %u consumer clients, %u round trips, %u sessions of "
+           "%zu requests (%zu results to clients that stayed)\n",
+           rounds, kWarmUpRounds, soak.mClients, soak.mRoundTrips, soak.mSessions,
+           kRequestsPerSession, soak.mSessionResults);
     printf("start: %s\nend:   %s\n", start.ToString().c_str(), end.ToString().c_str());
     printf("heap in use after warm-up %zu bytes, at the end %zu bytes (%+ld)\n", warmHeap, endHeap,
            static_cast<long>(endHeap) - static_cast<long>(warmHeap));
-    printf("resident after warm-up %zu KiB, at the end %zu KiB (%+ld KiB)\n", warmResident / 1024,
-           endResident / 1024,
-           (static_cast<long>(endResident) - static_cast<long>(warmResident)) / 1024);
     fflush(stdout);
 
     EXPECT_TRUE(start == end) << "start: " << start.ToString() << "\nend:   " << end.ToString();
