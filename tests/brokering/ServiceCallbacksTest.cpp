@@ -101,28 +101,8 @@ SCENARIO_TEST(ServiceCallbacksTest, ReturnsBuffersToTheClient) {
     EXPECT_TRUE(s.Service().unRegisterClient(kClient).isOk());
 }
 
-SCENARIO_TEST(ServiceCallbacksTest, MissingArgumentsAreRefused) {
-    const ClientCallbacks& callbacks = PublishedService()->clientCallbacks();
-    camera3_stream_t stream = TestStream();
-    camera3_stream_buffer_t output = {};
-    camera3_capture_result_t result = {};
-    EXPECT_EQ(static_cast<uint32_t>(CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS),
-              callbacks.pRequestBuffers(nullptr, kClient, {{&stream, 1, 0, &output, 1}}));
-    callbacks.pResult(nullptr, kClient, &result);
-    callbacks.pResult(&callbacks, kClient, nullptr);
-    const LogLine noResult =
-            ServiceLine(ANDROID_LOG_ERROR,
-                        "705 processCaptureResultCb: pCallbackOps OR pCaptureResult is NULL!");
-    EXPECT_EQ(
-            (std::vector<LogLine>{ServiceLine(ANDROID_LOG_ERROR,
-                                              "660 requestStreamBuffersCb: pCallbackOps is NULL OR "
-                                              "requestParams size is 0!"),
-                                  noResult, noResult}),
-            LogCapture::Lines());
-    EXPECT_EQ(nullptr, output.buffer);
-}
-
-SCENARIO_TEST(ServiceCallbacksTest, DeadClientIsNotFound) {
+// Calls without their arguments, and calls for a client that died.
+SCENARIO_TEST(ServiceCallbacksTest, MissingArgumentsAndDeadClientsReachNoClient) {
     auto client = ::ndk::SharedRefBase::make<TestClient>();
     ASSERT_TRUE(s.Service().registerClient(12, client->Remote()).isOk());
     client->Die();
@@ -131,16 +111,27 @@ SCENARIO_TEST(ServiceCallbacksTest, DeadClientIsNotFound) {
     camera3_stream_buffer_t output = {};
     camera3_capture_result_t result = {};
     LogCapture::Clear();
+    EXPECT_EQ(static_cast<uint32_t>(CAMERA3_BUF_REQ_FAILED_ILLEGAL_ARGUMENTS),
+              callbacks.pRequestBuffers(nullptr, kClient, {{&stream, 1, 0, &output, 1}}));
+    callbacks.pResult(nullptr, kClient, &result);
+    callbacks.pResult(&callbacks, kClient, nullptr);
     EXPECT_EQ(static_cast<uint32_t>(CAMERA3_BUF_REQ_FAILED_UNKNOWN),
               callbacks.pRequestBuffers(&callbacks, 12, {{&stream, 1, 0, &output, 1}}));
     callbacks.pResult(&callbacks, 12, &result);
+    const LogLine noResult =
+            ServiceLine(ANDROID_LOG_ERROR,
+                        "705 processCaptureResultCb: pCallbackOps OR pCaptureResult is NULL!");
     EXPECT_EQ((std::vector<LogLine>{
-                      NotFound(12),
+                      ServiceLine(ANDROID_LOG_ERROR,
+                                  "660 requestStreamBuffersCb: pCallbackOps is NULL OR "
+                                  "requestParams size is 0!"),
+                      noResult, noResult, NotFound(12),
                       ServiceLine(ANDROID_LOG_ERROR,
                                   "405 requestStreamBuffers: clientID:12 This product client did "
                                   "not register! can not fetch Buffer!"),
                       NotFound(12)}),
               LogCapture::Lines());
+    EXPECT_EQ(nullptr, output.buffer);
     EXPECT_TRUE(client->Requests().empty());
     EXPECT_TRUE(client->Results().empty());
 }

@@ -123,7 +123,7 @@ TEST_F(HandleImporterTest, MapperFailuresAreLoggedAndLeaveTheHandle) {
             << LogCapture::Dump();
 }
 
-TEST_F(HandleImporterTest, LocksMapThePixelsAndTheBlobFormIsOneRow) {
+TEST_F(HandleImporterTest, LocksMapThePixels) {
     native_handle_t* sent = gralloc::allocate(4096, 1, HAL_PIXEL_FORMAT_BLOB, 0);
     buffer_handle_t handle = sent;
     ASSERT_TRUE(mImporter.importBuffer(handle));
@@ -147,11 +147,10 @@ TEST_F(HandleImporterTest, LocksMapThePixelsAndTheBlobFormIsOneRow) {
 
     mImporter.freeBuffer(handle);
     gralloc::release(sent);
-}
 
-TEST_F(HandleImporterTest, LockYCbCrDescribesThePlanes) {
-    native_handle_t* sent = gralloc::allocate(8, 4, HAL_PIXEL_FORMAT_YCBCR_420_888, 0);
-    buffer_handle_t handle = sent;
+    // A YCbCr lock describes the planes.
+    sent = gralloc::allocate(8, 4, HAL_PIXEL_FORMAT_YCBCR_420_888, 0);
+    handle = sent;
     ASSERT_TRUE(mImporter.importBuffer(handle));
     const android_ycbcr layout = mImporter.lockYCbCr(handle, 0x3, android::Rect(8, 4));
     ASSERT_NE(layout.y, nullptr);

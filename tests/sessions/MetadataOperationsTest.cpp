@@ -98,40 +98,33 @@ TEST_F(MetadataOperationsTest, UsersShareOneTableUntilTheLastReleaseAndReopenThe
     EXPECT_EQ(0u, kivref::OpenMetadataOps());
 }
 
-TEST_F(MetadataOperationsTest, AFailedOpenAddsNoEntryAndKeepsAClosedOneClosed) {
+TEST_F(MetadataOperationsTest, ATableThatCannotBeOpenedAddsNoEntry) {
+    for (auto script : {kivref::SetSlotFailure, kivref::SetSlotAbsent}) {
+        kivref::Reset();
+        script(kivref::Slot::OpenMetadataOps, true);
+        Bind();
+        mService->InitMetaOps(4);
+        mService->DeInitMetaOps(4);
+        EXPECT_EQ((std::vector<LogLine>{Info("143 InitMetaOps: metaOpSize:0, "
+                                             "mFrameworkCameraId:4, open new metaOps:(nil)"),
+                                        NotFindLine(189, "DeInitMetaOps", 0, 4)}),
+                  LogCapture::Lines(kCoreTag));
+    }
+
+    // Reopening a closed entry fails without a log and leaves its count at 0.
+    kivref::SetSlotAbsent(kivref::Slot::OpenMetadataOps, false);
+    kivref::Reset();
     Bind();
+    mService->InitMetaOps(4);
+    mService->DeInitMetaOps(4);
     kivref::SetSlotFailure(kivref::Slot::OpenMetadataOps, true);
-    mService->InitMetaOps(4);
-    mService->DeInitMetaOps(4);
-    EXPECT_EQ((std::vector<LogLine>{Info("143 InitMetaOps: metaOpSize:0, mFrameworkCameraId:4, "
-                                         "open new metaOps:(nil)"),
-                                    NotFindLine(189, "DeInitMetaOps", 0, 4)}),
-              LogCapture::Lines(kCoreTag));
-
-    kivref::SetSlotFailure(kivref::Slot::OpenMetadataOps, false);
-    mService->InitMetaOps(4);
-    mService->DeInitMetaOps(4);
     LogCapture::Clear();
-
-    // Reopening the closed entry fails without a log and leaves its count at 0.
-    kivref::SetSlotFailure(kivref::Slot::OpenMetadataOps, true);
     mService->InitMetaOps(4);
     EXPECT_TRUE(LogCapture::Lines(kCoreTag).empty());
     EXPECT_TRUE(AllConversionsFail(4));
     mService->DeInitMetaOps(4);
     EXPECT_EQ(std::vector<LogLine>{Info("174 DeInitMetaOps: metaOpSize:1, ref:0 "
                                         "mLogicalCameraId:4 reduce metaOps:(nil)")},
-              LogCapture::Lines(kCoreTag));
-}
-
-TEST_F(MetadataOperationsTest, ABackendWithoutTheOpenSlotGetsNoEntry) {
-    kivref::SetSlotAbsent(kivref::Slot::OpenMetadataOps, true);
-    Bind();
-    mService->InitMetaOps(1);
-    mService->DeInitMetaOps(1);
-    EXPECT_EQ((std::vector<LogLine>{Info("143 InitMetaOps: metaOpSize:0, mFrameworkCameraId:1, "
-                                         "open new metaOps:(nil)"),
-                                    NotFindLine(189, "DeInitMetaOps", 0, 1)}),
               LogCapture::Lines(kCoreTag));
 }
 
