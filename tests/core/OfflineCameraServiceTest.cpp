@@ -13,12 +13,10 @@
 #include <hostplatform/CameraMetadataTesting.h>
 #include <hostplatform/KivReferenceBackend.h>
 #include <hostplatform/VornTesting.h>
-#include <pthread.h>
 
 #include <memory>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "LogCapture.h"
@@ -231,31 +229,6 @@ TEST_F(BackendBindingTest, TeardownLogsCloseFailuresAndGoesOn) {
             {ANDROID_LOG_ERROR, kTag, "58 ~OfflineCameraService: Failed to close buffer ops"},
             {ANDROID_LOG_ERROR, kTag, "79 ~OfflineCameraService: Failed to close buffer ops"}};
     EXPECT_EQ(expected, LogCapture::Lines(kTag));
-}
-
-// The process-wide instance must be made once, also when the first callers race; run in a
-// child process so that this test makes the first call.
-TEST(OfflineCameraServiceInstanceTest, RacingFirstCallsShareOneInstance) {
-    EXPECT_EXIT(
-            {
-                Vorn::Host::SetVendorRoot(TEST_VENDOR_ROOT);
-                size_t contexts = kivref::LiveContexts();
-                constexpr int kThreads = 8;
-                std::vector<OfflineCameraService*> seen(kThreads, nullptr);
-                std::vector<std::thread> threads;
-                for (int i = 0; i < kThreads; i++) {
-                    threads.emplace_back(
-                            [&seen, i] { seen[i] = OfflineCameraService::GetInstance(); });
-                }
-                for (std::thread& thread : threads) thread.join();
-                bool same = true;
-                for (OfflineCameraService* service : seen) {
-                    same = same && service != nullptr && service == seen[0];
-                }
-                same = same && OfflineCameraService::GetInstance() == seen[0];
-                _exit(same && kivref::LiveContexts() == contexts + 1 ? 0 : 1);
-            },
-            testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -91,21 +91,5 @@ CHILD_TEST(ServicePublicationTest, FailedPublicationIsNotRetried) {
     EXPECT_EQ(nullptr, AServiceManager_checkService(kInstance));
 }
 
-CHILD_TEST(ServicePublicationTest, RemoteClientReachesThePublishedService) {
-    RegisterOfflineCameraAIDLService();
-    s.Settle();
-    ::ndk::SpAIBinder binder(AServiceManager_waitForService(kInstance));
-    ASSERT_NE(nullptr, binder.get());
-    // Seen from another process, the binder is remote and calls go through the proxy.
-    ndk::host::setRemote(binder.get(), true);
-    std::shared_ptr<IOfflineCameraService> service = IOfflineCameraService::fromBinder(binder);
-    ASSERT_NE(nullptr, service);
-    EXPECT_TRUE(service->isRemote());
-    int32_t version = 0;
-    EXPECT_TRUE(service->getInterfaceVersion(&version).isOk());
-    EXPECT_EQ(2, version);
-    ndk::host::setRemote(binder.get(), false);
-}
-
 }  // namespace
 }  // namespace offlinecamera::test
