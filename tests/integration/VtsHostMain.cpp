@@ -6,12 +6,9 @@
  */
 
 /*
- * Host main of the device test (vts/): it plays what a device gives the test. The tree's VINTF
- * manifest fragment declares the instances; the camera HAL process's part, publishing the
- * service with the reference backend bound, is played in this process, and the service's binder
- * is marked remote so that the test reaches it through a proxy, as from another process. After
- * each test a listener checks that descriptors, imports, vendor allocations, backend objects,
- * binders and death recipients are back where they were.
+ * Host main of the device test (vts/), playing what a device gives it: the instances that the
+ * tree's VINTF fragment declares, published by the camera HAL's part played in this process and
+ * reached through a proxy. After each test, what the process holds must be back where it was.
  */
 #include <aidl/vendor/oru/hardware/camera/offlinecamera/IOfflineCameraService.h>
 #include <android/binder_manager.h>
@@ -21,7 +18,6 @@
 #include <stdio.h>
 
 #include <string>
-#include <vector>
 
 #include "LogCapture.h"
 #include "OfflineCameraAIDLService.h"
@@ -35,25 +31,19 @@ using ::offlinecamera::test::LogCapture;
 using ::offlinecamera::test::ProcessCounts;
 
 class BalanceListener : public ::testing::EmptyTestEventListener {
-  public:
-    void OnTestStart(const ::testing::TestInfo& /*info*/) override {
+    void OnTestStart(const ::testing::TestInfo&) override {
         LogCapture::Clear();
         mStart = ProcessCounts::Take();
     }
 
     // Runs before the result is printed, while the test is still the current one.
     void OnTestEnd(const ::testing::TestInfo& info) override {
-        const ProcessCounts end = ProcessCounts::Take();
-        if (!(end == mStart)) {
-            ADD_FAILURE() << "the test did not give back what it made\nbefore: "
-                          << mStart.ToString() << "\nafter:  " << end.ToString();
-        }
-        if (info.result()->Failed()) {
-            fprintf(stderr, "captured log:\n%s", LogCapture::Dump().c_str());
-        }
+        // Waits for what ends on the backend's thread after the test.
+        EXPECT_EQ(mStart.ToString(), ProcessCounts::Settled(mStart).ToString())
+                << "the test did not give back what it made";
+        if (info.result()->Failed()) fprintf(stderr, "log:\n%s", LogCapture::Dump().c_str());
     }
 
-  private:
     ProcessCounts mStart;
 };
 
@@ -69,21 +59,19 @@ int main(int argc, char** argv) {
     RegisterOfflineCameraAIDLService();
     // The HAL binds the backend at start-up; what the core holds stays for the process.
     OfflineCameraService::GetInstance();
-
-    std::vector<std::string> instances;
+    std::string missing;  // declared but not published
     AServiceManager_forEachDeclaredInstance(
-            IOfflineCameraService::descriptor, &instances, [](const char* instance, void* context) {
-                static_cast<std::vector<std::string>*>(context)->push_back(instance);
+            IOfflineCameraService::descriptor, &missing, [](const char* instance, void* context) {
+                const std::string name =
+                        std::string(IOfflineCameraService::descriptor) + "/" + instance;
+                ::ndk::SpAIBinder binder(AServiceManager_checkService(name.c_str()));
+                if (binder.get() != nullptr) ::ndk::host::setRemote(binder.get(), true);
+                if (binder.get() == nullptr) *static_cast<std::string*>(context) += name + " ";
             });
-    for (const std::string& instance : instances) {
-        const std::string name = std::string(IOfflineCameraService::descriptor) + "/" + instance;
-        ::ndk::SpAIBinder binder(AServiceManager_checkService(name.c_str()));
-        if (binder.get() == nullptr) {
-            fprintf(stderr, "%s is declared but not published\n%s", name.c_str(),
-                    LogCapture::Dump().c_str());
-            return 1;
-        }
-        ::ndk::host::setRemote(binder.get(), true);
+    if (!missing.empty()) {
+        fprintf(stderr, "declared but not published: %s\n%s", missing.c_str(),
+                LogCapture::Dump().c_str());
+        return 1;
     }
 
     ::testing::InitGoogleTest(&argc, argv);

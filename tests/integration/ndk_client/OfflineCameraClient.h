@@ -37,87 +37,64 @@ using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraServic
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::IOfflineCameraSession;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineBufferRequest;
 using ::aidl::vendor::oru::hardware::camera::offlinecamera::OfflineCaptureResult;
+using ::ndk::ScopedAStatus;
 
-/*
- * Buffer consumer callback. This client has no buffers of its own to lend, so it declines every
- * request; it counts what the service delivers.
- */
+/* Buffer consumer callback. This client has no buffers to lend, so it declines every request. */
 class ConsumerCallback : public BnOfflineClientCallback {
   public:
-    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& in_msgs) override;
-    ::ndk::ScopedAStatus processCaptureResult(
-            const std::vector<OfflineCaptureResult>& in_results) override;
-    ::ndk::ScopedAStatus requestStreamBuffers(const std::vector<OfflineBufferRequest>& in_bufReqs,
-                                              std::vector<StreamBufferRet>* out_buffers,
-                                              BufferRequestStatus* _aidl_return) override;
-    ::ndk::ScopedAStatus returnStreamBuffers(const std::vector<StreamBuffer>& in_buffers) override;
-
-    std::atomic<int32_t> mResults{0};
-    std::atomic<int32_t> mDeclinedRequests{0};
+    ScopedAStatus notify(const std::vector<NotifyMsg>&) override { return ScopedAStatus::ok(); }
+    ScopedAStatus processCaptureResult(const std::vector<OfflineCaptureResult>&) override {
+        return ScopedAStatus::ok();
+    }
+    ScopedAStatus requestStreamBuffers(const std::vector<OfflineBufferRequest>& in_bufReqs,
+                                       std::vector<StreamBufferRet>* out_buffers,
+                                       BufferRequestStatus* _aidl_return) override;
+    ScopedAStatus returnStreamBuffers(const std::vector<StreamBuffer>&) override {
+        return ScopedAStatus::ok();
+    }
 };
 
-/* Callback of an offline session: counts the messages and results that arrive. */
+/* Callback of an offline session: counts the results that arrive. */
 class SessionCallback : public BnOfflineCameraSessionCallback {
   public:
-    ::ndk::ScopedAStatus notify(const std::vector<NotifyMsg>& in_msgs) override;
-    ::ndk::ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& in_results) override;
+    ScopedAStatus notify(const std::vector<NotifyMsg>&) override { return ScopedAStatus::ok(); }
+    ScopedAStatus processCaptureResult(const std::vector<CaptureResult>& in_results) override {
+        mResults += static_cast<int32_t>(in_results.size());
+        return ScopedAStatus::ok();
+    }
 
-    std::atomic<int32_t> mMessages{0};
     std::atomic<int32_t> mResults{0};
 };
 
 class OfflineCameraClient {
   public:
-    /* "vendor.oru.hardware.camera.offlinecamera.IOfflineCameraService/default" */
-    static std::string InstanceName();
+    /* Waits for "<descriptor>/default"; null if it is not declared or older than this client. */
+    static std::unique_ptr<OfflineCameraClient> Connect();
 
-    /*
-     * Looks the service up: waits for it to be published when wait is true, otherwise only
-     * checks whether it is there. Null when it is not found or serves an older version of the
-     * interface than the one this client is built with.
-     */
-    static std::unique_ptr<OfflineCameraClient> Connect(bool wait);
-
-    ~OfflineCameraClient();
-    OfflineCameraClient(const OfflineCameraClient&) = delete;
-    OfflineCameraClient& operator=(const OfflineCameraClient&) = delete;
-
-    int32_t servedVersion() const { return mServedVersion; }
-    const std::string& servedHash() const { return mServedHash; }
-    /* True when the served interface is the very one this client is built with. */
-    bool sameInterface() const;
+    const std::shared_ptr<IOfflineCameraService>& service() const { return mService; }
     /* True once the process that serves the service has died. */
-    bool serviceDied() const { return mDeathState->died; }
-    bool isRemote() const { return mService->isRemote(); }
+    bool serviceDied() const { return *mDied; }
 
-    ::ndk::ScopedAStatus supportedOpModes(std::vector<int32_t>* modes);
-    ::ndk::ScopedAStatus registerConsumer(int32_t clientId);
-    ::ndk::ScopedAStatus unregisterConsumer(int32_t clientId);
-    ::ndk::ScopedAStatus openSession(const std::string& name,
-                                     std::shared_ptr<IOfflineCameraSession>* session);
-
-    const std::shared_ptr<ConsumerCallback>& consumerCallback() const { return mConsumer; }
-    const std::shared_ptr<SessionCallback>& sessionCallback() const { return mSession; }
+    /* Registers this client's buffer consumer callback under the id. */
+    ScopedAStatus registerConsumer(int32_t clientId) {
+        return mService->registerClient(clientId, mConsumer);
+    }
+    /* Opens a session whose results go to this client's session callback. */
+    ScopedAStatus openSession(const std::string& name,
+                              std::shared_ptr<IOfflineCameraSession>* session) {
+        return mService->openOfflineSeesion(name, mSession, session);
+    }
 
   private:
-    struct DeathState {
-        std::atomic<bool> died{false};
-    };
-
-    explicit OfflineCameraClient(std::shared_ptr<IOfflineCameraService> service);
-    bool init();
-
-    static void onServiceDied(void* cookie);
-    static void onUnlinked(void* cookie);
+    OfflineCameraClient() = default;
 
     std::shared_ptr<IOfflineCameraService> mService;
-    std::shared_ptr<ConsumerCallback> mConsumer;
-    std::shared_ptr<SessionCallback> mSession;
-    // Shared with the death link's cookie, which the binder library frees through onUnlinked.
-    std::shared_ptr<DeathState> mDeathState;
+    std::shared_ptr<ConsumerCallback> mConsumer = ::ndk::SharedRefBase::make<ConsumerCallback>();
+    std::shared_ptr<SessionCallback> mSession = ::ndk::SharedRefBase::make<SessionCallback>();
+    // Shared with the death link's cookie, which the binder library frees once the link ends.
+    std::shared_ptr<std::atomic<bool>> mDied = std::make_shared<std::atomic<bool>>(false);
+    // Deleting the recipient with the client undoes the link.
     ::ndk::ScopedAIBinder_DeathRecipient mDeathRecipient;
-    int32_t mServedVersion = 0;
-    std::string mServedHash;
 };
 
 }  // namespace oru::offlinecamera::client
