@@ -7,7 +7,7 @@
 
 /*
  * The core's per-camera metadata operations: shared opening by reference count, closing at the
- * last release, and the conversions that look a camera's table up.
+ * last release (a session's close included), and the conversions that look a camera's table up.
  */
 #include <gtest/gtest.h>
 #include <system/camera_metadata.h>
@@ -220,6 +220,21 @@ TEST_F(MetadataOperationsTest, ConversionsGoThroughTheCamerasOwnTable) {
     free_camera_metadata(settings);
     mService->DeInitMetaOps(1);
     mService->DeInitMetaOps(2);
+}
+
+// A session's close ends its hold on the camera's table whatever the backend answers.
+TEST_F(MetadataOperationsTest, CloseReleasesTheCameraHoldWhateverTheBackendAnswers) {
+    Bind();
+    KivOfflineCallbacks callbacks = {nullptr, nullptr, 0, 0, this};
+    KivOfflineSessionInfo info = {"portrait", 0, &callbacks};
+    uint64_t handle = mService->OpenSession(&info);
+    mService->InitMetaOps(6);
+    kivref::SetSlotFailure(kivref::Slot::CloseSession, true);
+    kivref::ClearCalls();
+    EXPECT_EQ(-1, mService->CloseSession(6, handle));
+    EXPECT_EQ((std::vector<kivref::Slot>{kivref::Slot::CloseSession, kivref::Slot::MetaClose}),
+              CalledSlots());
+    EXPECT_EQ(0u, kivref::OpenMetadataOps());
 }
 
 }  // namespace
