@@ -32,6 +32,7 @@
 #include <system/camera_metadata.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <mutex>
 
@@ -283,6 +284,20 @@ bool shouldFailAllocation(size_t entryCapacity, size_t dataCapacity) {
 }
 }  // namespace
 
+namespace {
+// Buffers allocated here and not yet freed, for the tests' balance checks.
+std::atomic<size_t> gLiveBuffers{0};
+
+camera_metadata_t* counted(camera_metadata_t* metadata) {
+    if (metadata != nullptr) gLiveBuffers++;
+    return metadata;
+}
+}  // namespace
+
+extern "C++" size_t android::hostmetadata::liveCount() {
+    return gLiveBuffers.load();
+}
+
 extern "C++" void android::hostmetadata::failNextAllocations(int count, size_t entryCapacity,
                                                              size_t dataCapacity) {
     std::lock_guard<std::mutex> lock(gFailLock);
@@ -306,7 +321,7 @@ camera_metadata_t* allocate_camera_metadata(size_t entry_capacity, size_t data_c
         ALOGE("%s: Failed to allocate %zu bytes", __FUNCTION__, size);
         return nullptr;
     }
-    return place_camera_metadata(buffer, size, entry_capacity, data_capacity);
+    return counted(place_camera_metadata(buffer, size, entry_capacity, data_capacity));
 }
 
 camera_metadata_t* place_camera_metadata(void* dst, size_t dst_size, size_t entry_capacity,
@@ -341,6 +356,7 @@ camera_metadata_t* place_camera_metadata(void* dst, size_t dst_size, size_t entr
 }
 
 void free_camera_metadata(camera_metadata_t* metadata) {
+    if (metadata != nullptr) gLiveBuffers--;
     free(metadata);
 }
 
@@ -550,7 +566,7 @@ camera_metadata_t* clone_camera_metadata(const camera_metadata_t* src) {
         ALOGE("%s: Failed to allocate %zu bytes", __FUNCTION__, size);
         return nullptr;
     }
-    return compactCopy(buffer, size, src);
+    return counted(compactCopy(buffer, size, src));
 }
 
 camera_metadata_t* allocate_copy_camera_metadata_checked(const camera_metadata_t* src,
@@ -574,7 +590,7 @@ camera_metadata_t* allocate_copy_camera_metadata_checked(const camera_metadata_t
         free(buffer);
         return nullptr;
     }
-    return copy;
+    return counted(copy);
 }
 
 size_t calculate_camera_metadata_entry_data_size(uint8_t type, size_t data_count) {

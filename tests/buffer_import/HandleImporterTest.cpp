@@ -215,6 +215,16 @@ TEST_F(HandleImporterTest, FencesOfNoneOneAndTwoDescriptors) {
     EXPECT_FALSE(mImporter.importFence(two, fd));
     EXPECT_EQ(fd, 123) << "an invalid fence handle leaves fd unwritten";
 
+    // A fence may be descriptor 0.
+    const int savedStdin = dup(0);
+    close(0);
+    ASSERT_TRUE(mImporter.importFence(one, fd));
+    EXPECT_EQ(0, fd);
+    mImporter.closeFence(fd);
+    EXPECT_EQ(-1, fcntl(0, F_GETFD));
+    dup2(savedStdin, 0);
+    close(savedStdin);
+
     one->data[0] = -1;  // a descriptor that cannot be duplicated
     EXPECT_FALSE(mImporter.importFence(one, fd));
     EXPECT_LT(fd, 0);

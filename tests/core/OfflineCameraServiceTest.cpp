@@ -219,6 +219,11 @@ TEST_F(BackendBindingTest, FailedStaticAllocationLeavesTheTableOpen) {
 }
 
 TEST_F(BackendBindingTest, TeardownLogsCloseFailuresAndGoesOn) {
+    Bind();
+    LogCapture::Clear();
+    mService.reset();
+    EXPECT_TRUE(LogCapture::Lines(kTag).empty()) << LogCapture::Dump();
+
     kivref::SetSlotFailure(kivref::Slot::BufferOpsClose, true);
     kivref::SetSlotFailure(kivref::Slot::CloseContext, true);
     Bind();

@@ -411,7 +411,8 @@ CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
     }
 }
 
-// A request without any buffer, then one whose result metadata cannot be converted.
+// A request without any buffer, one whose result metadata cannot be converted, and one whose
+// output buffer has no id.
 CHILD_TEST(OfflineProcessingTest, EmptyRequestAndUnconvertibleResult) {
     RemoteClient client(s);
     OpenedSession opened = client.Open("empty");
@@ -435,6 +436,12 @@ CHILD_TEST(OfflineProcessingTest, EmptyRequestAndUnconvertibleResult) {
             "352 ProcessOfflineResult, CreateAndroidMetadata failed, pCameraMetadata is NULL")));
     EXPECT_TRUE(LogCapture::Contains(BackendHeard(opened.handle, 1001, 1)));
     EXPECT_FALSE(LogCapture::Contains(BackendHeard(opened.handle, 1000, 0)));
+
+    // An output buffer without an id is logged, and still imported and executed.
+    EXPECT_EQ(1002, Process(opened, MakeRequest(9, 3, 1, 0)));
+    EXPECT_TRUE(LogCapture::Contains(SessionError(
+            "569 convertAndImportBuffer: invalid streamId in outputBuffer (2), bufferid(0)")));
+    ASSERT_TRUE(kivref::WaitIdle(opened.handle));
     EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
 }
 

@@ -8,6 +8,7 @@
 #include "ProcessCounts.h"
 
 #include <hostplatform/BinderTesting.h>
+#include <hostplatform/CameraMetadataTesting.h>
 #include <hostplatform/GrallocTesting.h>
 #include <hostplatform/KivReferenceBackend.h>
 #include <hostplatform/VornTesting.h>
@@ -22,20 +23,23 @@ ResourceCounts ResourceCounts::Take() {
     counts.kivMetadata = kivref::LiveKivMetadata();
     counts.androidMetadata = kivref::LiveAndroidMetadata();
     counts.metadataOps = kivref::OpenMetadataOps();
+    counts.cameraMetadata = android::hostmetadata::liveCount();
     return counts;
 }
 
 bool ResourceCounts::operator==(const ResourceCounts& o) const {
     return openFds == o.openFds && liveImports == o.liveImports &&
            vornAllocations == o.vornAllocations && kivMetadata == o.kivMetadata &&
-           androidMetadata == o.androidMetadata && metadataOps == o.metadataOps;
+           androidMetadata == o.androidMetadata && metadataOps == o.metadataOps &&
+           cameraMetadata == o.cameraMetadata;
 }
 
 std::string ResourceCounts::ToString() const {
     return "fds=" + std::to_string(openFds) + " imports=" + std::to_string(liveImports) +
            " vorn=" + std::to_string(vornAllocations) + " kivMeta=" + std::to_string(kivMetadata) +
            " androidMeta=" + std::to_string(androidMetadata) +
-           " metaOps=" + std::to_string(metadataOps);
+           " metaOps=" + std::to_string(metadataOps) +
+           " cameraMeta=" + std::to_string(cameraMetadata);
 }
 
 ProcessCounts ProcessCounts::Take() {

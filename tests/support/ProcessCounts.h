@@ -54,6 +54,7 @@ struct ResourceCounts {
     size_t kivMetadata = 0;
     size_t androidMetadata = 0;
     size_t metadataOps = 0;
+    size_t cameraMetadata = 0;  // camera_metadata_t buffers of the metadata library
 
     static ResourceCounts Take();
     bool operator==(const ResourceCounts& other) const;

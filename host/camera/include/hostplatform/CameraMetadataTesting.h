@@ -15,6 +15,10 @@
 
 namespace android::hostmetadata {
 
+// Metadata buffers that allocate_camera_metadata, clone_camera_metadata and
+// allocate_copy_camera_metadata_checked made and free_camera_metadata has not freed yet.
+__attribute__((visibility("default"))) size_t liveCount();
+
 /*
  * The next `count` calls of allocate_camera_metadata() with these capacities fail and return
  * null; SIZE_MAX matches any capacity.
