@@ -411,8 +411,8 @@ CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
     }
 }
 
-// A request without any buffer, one whose result metadata cannot be converted, and one whose
-// output buffer has no id.
+// A request without any buffer, one whose result metadata cannot be converted, one whose output
+// buffer has no id, and one after the close.
 CHILD_TEST(OfflineProcessingTest, EmptyRequestAndUnconvertibleResult) {
     RemoteClient client(s);
     OpenedSession opened = client.Open("empty");
@@ -443,6 +443,11 @@ CHILD_TEST(OfflineProcessingTest, EmptyRequestAndUnconvertibleResult) {
             "569 convertAndImportBuffer: invalid streamId in outputBuffer (2), bufferid(0)")));
     ASSERT_TRUE(kivref::WaitIdle(opened.handle));
     EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+
+    // A request after the close: the backend refuses it (the answer is the client's own number),
+    // and its buffers go with the session.
+    EXPECT_EQ(10, Process(opened, MakeRequest(10, 20, 1, 21)));
+    EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"}, LogCapture::TakePlatformErrorTags());
 }
 
 CHILD_TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
