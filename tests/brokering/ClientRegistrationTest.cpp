@@ -119,6 +119,13 @@ SCENARIO_TEST(ClientRegistrationTest, TenClientsAtOnce) {
             EXPECT_TRUE(s.Service().unRegisterClient(id).isOk()) << id;
         }
     }
+
+    // Every slot is free again: ten clients (the living ones, under new ids) fit.
+    clients.erase(clients.begin() + 2);
+    for (int32_t id = 21; id <= 30; id++) {
+        ASSERT_TRUE(s.Service().registerClient(id, clients[id - 21]->Remote()).isOk()) << id;
+    }
+    for (int32_t id = 21; id <= 30; id++) EXPECT_TRUE(s.Service().unRegisterClient(id).isOk());
 }
 
 SCENARIO_TEST(ClientRegistrationTest, FailedDeathLinkRegistersWithoutWatch) {
