@@ -376,11 +376,17 @@ CHILD_TEST(OfflineProcessingTest, FaultyRequestsAreStillExecuted) {
         // The output entry cannot be allocated: executed without conversion, nothing is lost.
         Vorn::Host::FailAllocations(1);
         EXPECT_EQ(1004, Process(opened, MakeRequest(5, 13, 1, 14)));
+        // Nor can the input entries: the backend refuses the request, which keeps its number.
+        Vorn::Host::FailAllocations(0);
+        EXPECT_EQ(6, Process(opened, MakeRequest(6, 15, 1, 16)));
+        EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"},
+                  LogCapture::TakePlatformErrorTags());
         Vorn::Host::ClearAllocationFailures();
 
         std::vector<kivref::CallRecord> executed = CallsOf(kivref::Slot::ExecuteRequest);
-        ASSERT_EQ(5u, executed.size());
+        ASSERT_EQ(6u, executed.size());
         EXPECT_EQ(0, executed[4].ints[1]);
+        EXPECT_EQ(0, executed[5].ints[1]);
         EXPECT_EQ(1, executed[0].ints[1]);
         EXPECT_EQ(0, executed[1].ints[1]);
         EXPECT_EQ(1, executed[2].ints[1]);
