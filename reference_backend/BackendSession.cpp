@@ -58,7 +58,6 @@ bool CopyFrame(const KivOfflineStreamInfo& info, std::vector<KivStreamBuffer>* b
     return true;
 }
 
-
 void SetStatus(std::vector<KivStreamBuffer>* buffers, int32_t status) {
     for (KivStreamBuffer& buffer : *buffers) {
         StreamBufferRecord record;
@@ -519,7 +518,6 @@ void BackendSession::Release(Request& request) {
 // ---------------------------------------------------------------------------------------------
 // Session slots
 
-
 uint64_t SlotOpenSession(const KivOfflineIntfCbs* cbs, const KivOfflineSessionInfo* info) {
     CallRecord record;
     record.slot = Slot::OpenSession;
@@ -529,7 +527,8 @@ uint64_t SlotOpenSession(const KivOfflineIntfCbs* cbs, const KivOfflineSessionIn
         record.text = info->pSessionName != nullptr ? info->pSessionName : "";
     }
     uint64_t handle = 0;
-    if (Reg().FindContext(cbs) == nullptr || info == nullptr || info->pCallbacks == nullptr) {
+    if (Reg().FindContext(cbs) == nullptr || info == nullptr || info->pCallbacks == nullptr ||
+        info->pCallbacks->reserved0 != 0 || info->pCallbacks->reserved1 != 0) {
         ALOGE("%s: bad arguments (context %p, info %p)", __func__, cbs, info);
     } else if (!Reg().IsFailing(Slot::OpenSession)) {
         handle = Reg().NextSessionHandle();

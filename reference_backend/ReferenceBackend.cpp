@@ -359,7 +359,8 @@ const KivMetadataOps* OpenMetadataOps(const KivOfflineIntfCbs* cbs,
     record.table = cbs;
     const KivMetadataOps* ops = nullptr;
     if (info != nullptr) record.cameraId = info->cameraId;
-    if (info == nullptr || Reg().FindContext(cbs) == nullptr) {
+    if (info == nullptr || Reg().FindContext(cbs) == nullptr || info->reserved0 != 0 ||
+        info->reserved1 != 0) {
         ALOGE("%s: bad arguments (context %p, info %p)", __func__, cbs, info);
     } else if (!Reg().IsFailing(Slot::OpenMetadataOps)) {
         auto table = std::make_unique<MetadataOpsTable>();

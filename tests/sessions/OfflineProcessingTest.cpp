@@ -262,6 +262,13 @@ CHILD_TEST(OfflineConfigurationTest, SessionParametersGoToTheBackendAndEndWithTh
         EXPECT_TRUE(LogCapture::Contains({ANDROID_LOG_INFO, kSessionTag,
                                           "877 closeOfflineSession, release configure metadata, "
                                           "mSessionName:params"}));
+        // A second close releases them no more; only the backend's close refuses.
+        LogCapture::Clear();
+        EXPECT_TRUE(opened.session->closeOfflineSession().isOk());
+        EXPECT_EQ(0u, CountWithPrefix(LogCapture::Lines(kSessionTag), "877 "));
+        EXPECT_TRUE(LogCapture::Lines(kCoreTag).empty()) << LogCapture::Dump();
+        EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"},
+                  LogCapture::TakePlatformErrorTags());
         EXPECT_EQ(metadataBefore, kivref::LiveKivMetadata());
     }
 }
@@ -289,7 +296,8 @@ CHILD_TEST(OfflineProcessingTest, RequestsComeBackAsMessagesAndResults) {
                 {ANDROID_LOG_INFO, kSessionTag,
                  "770 processOfflineRequest: original request frameNum :11. override "
                  "frameNum:1001"}));
-        // Frames after the first take its settings.
+        // Frames after the first take its settings: each frame's are converted.
+        EXPECT_EQ(6u, CallsOf(kivref::Slot::CreateByAndroidMetadata).size());
         EXPECT_EQ(4u, LogCapture::Count({ANDROID_LOG_WARN, kSessionTag,
                                          "655 convertAndImportBuffer: avoid Binder transaction "
                                          "failure use first frame meta as source"}));
@@ -448,8 +456,18 @@ CHILD_TEST(OfflineProcessingTest, EmptyRequestAndUnconvertibleResult) {
     EXPECT_TRUE(LogCapture::Contains(BackendHeard(opened.handle, 1001, 1)));
     EXPECT_FALSE(LogCapture::Contains(BackendHeard(opened.handle, 1000, 0)));
 
+    // The buffer array of an input frame cannot be allocated.
+    Vorn::Host::FailAllocations(2);
+    Process(opened, MakeRequest(11, 30, 1, 31));
+    Vorn::Host::ClearAllocationFailures();
+    EXPECT_TRUE(
+            LogCapture::Contains(SessionError("617 convertAndImportBuffer: malloc memory failed")));
+    ASSERT_TRUE(kivref::WaitIdle(opened.handle));
+    // The backend has no input to fuse into the output.
+    EXPECT_EQ(std::vector<std::string>{"KivReferenceBackend"}, LogCapture::TakePlatformErrorTags());
+
     // An output buffer without an id is logged, and still imported and executed.
-    EXPECT_EQ(1002, Process(opened, MakeRequest(9, 3, 1, 0)));
+    EXPECT_EQ(1003, Process(opened, MakeRequest(9, 3, 1, 0)));
     EXPECT_TRUE(LogCapture::Contains(SessionError(
             "569 convertAndImportBuffer: invalid streamId in outputBuffer (2), bufferid(0)")));
     ASSERT_TRUE(kivref::WaitIdle(opened.handle));
@@ -481,6 +499,7 @@ CHILD_TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
 
         // An input return ends the call: the record after it is not delivered.
         KivOfflineResultInfo input = {};
+        input.numBuffers = 1;  // without the buffers: nothing to give back
         KivOfflineResultInfo output = {};
         KivOfflineCaptureResult records[2] = {};
         records[0].frameNumber = 5;
@@ -494,6 +513,7 @@ CHILD_TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
         EXPECT_TRUE(LogCapture::Contains({ANDROID_LOG_INFO, kSessionTag,
                                           "238 ProcessOfflineResult, offlineSession return the "
                                           "input buffer"}));
+        EXPECT_EQ(0u, CountWithPrefix(LogCapture::Lines(kSessionTag), "262 "));
         std::vector<ReceivedResult> results = opened.callback->Results();
         ASSERT_EQ(1u, results.size());
         EXPECT_EQ(6, results[0].frameNumber);
