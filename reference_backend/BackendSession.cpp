@@ -527,8 +527,9 @@ uint64_t SlotOpenSession(const KivOfflineIntfCbs* cbs, const KivOfflineSessionIn
         record.text = info->pSessionName != nullptr ? info->pSessionName : "";
     }
     uint64_t handle = 0;
-    if (Reg().FindContext(cbs) == nullptr || info == nullptr || info->pCallbacks == nullptr ||
-        info->pCallbacks->reserved0 != 0 || info->pCallbacks->reserved1 != 0) {
+    if (Reg().FindContext(cbs) == nullptr || info == nullptr || info->reserved != 0 ||
+        info->pCallbacks == nullptr || info->pCallbacks->reserved0 != 0 ||
+        info->pCallbacks->reserved1 != 0) {
         ALOGE("%s: bad arguments (context %p, info %p)", __func__, cbs, info);
     } else if (!Reg().IsFailing(Slot::OpenSession)) {
         handle = Reg().NextSessionHandle();
