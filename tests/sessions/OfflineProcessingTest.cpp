@@ -520,6 +520,11 @@ CHILD_TEST(OfflineProcessingTest, DeliveriesMadeByTheBackend) {
         EXPECT_TRUE(results[0].outputBuffers.empty());
         EXPECT_EQ(0, results[0].partialResult);
         EXPECT_TRUE(results[0].metadata.empty());
+        // One that counts a buffer but has no array: an entry with defaults, nothing looked up.
+        output.numBuffers = 1;
+        EXPECT_EQ(0, kivref::DeliverResults(opened.handle, {records[1]}));
+        ASSERT_EQ(2u, opened.callback->Results().size());
+        EXPECT_EQ(1u, opened.callback->Results()[1].outputBuffers.size());
 
         camera3_notify_msg_t error = {};
         error.type = CAMERA3_MSG_ERROR;
