@@ -65,20 +65,6 @@ class SessionCallback : public BnOfflineCameraSessionCallback {
     }
 };
 
-/* A session callback living in the client's process; its binder is marked remote. */
-struct RemoteSessionCallback {
-    std::shared_ptr<SessionCallback> object;
-    ::ndk::SpAIBinder binder;
-
-    static RemoteSessionCallback Make() {
-        RemoteSessionCallback callback;
-        callback.object = ::ndk::SharedRefBase::make<SessionCallback>();
-        callback.binder = callback.object->asBinder();
-        ::ndk::host::setRemote(callback.binder.get(), true);
-        return callback;
-    }
-};
-
 /* A camera3 output stream of the HAL. */
 inline camera3_stream_t MakeStream(uint32_t width, uint32_t height, int format, uint32_t usage = 0,
                                    android_dataspace_t dataSpace = HAL_DATASPACE_UNKNOWN,
